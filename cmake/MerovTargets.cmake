@@ -1,0 +1,16 @@
+# Compiler settings that hold for all targets of the project.
+
+# What every target is built with. Results depend on the order of floating-point operations, so the
+# compiler may neither fuse nor reorder them.
+add_library(merov_settings INTERFACE)
+target_compile_features(merov_settings INTERFACE cxx_std_20)
+target_include_directories(merov_settings INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(merov_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+if(MEROV_SANITIZE)
+  target_compile_options(merov_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(merov_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
