@@ -7,6 +7,10 @@ target_compile_features(merov_settings INTERFACE cxx_std_20)
 target_include_directories(merov_settings INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(merov_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+# GCC 12 takes "a" + std::string for a copy onto itself when it inlines (GCC bug 105651).
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  target_compile_options(merov_settings INTERFACE -Wno-restrict)
+endif()
 if(MEROV_SANITIZE)
   target_compile_options(merov_settings INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -16,6 +16,12 @@ using SunEventTimes = std::array<double, 9>;
 /// `latitude`; all degrees. Where it never does, ArcCos shows its box and its limit comes back.
 double SemiDiurnalArc(double altitude, double latitude, double declination);
 
+/// Altitude of the Sun's centre, degrees, when its upper limb stands on the visible horizon: dip,
+/// refraction, parallax and semi-diameter together.
+/// @param heightOfEye  metres, 0 or more; fault 5 for a negative one
+/// @param sunDistance  astronomical units
+double SunriseAltitude(double heightOfEye, double sunDistance);
+
 /// The Sun's functions that a solver searches; argument x is a date-time in GMT.
 class SunFunctions : public numeric::NumberedFunctions
 {

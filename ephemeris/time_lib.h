@@ -25,6 +25,8 @@ struct CivilTime {
 };
 
 /// The civil parts of a date-time, which is first rounded as a whole to the second.
+/// @param dateTime  within the years 100..9999; fault 6 beyond them, fault 5 for a NaN. The same holds
+///                  for every routine here that takes a date-time
 CivilTime SplitDateTime(double dateTime);
 
 /// The date-time of civil parts, which must be valid (IsValidCivil).
@@ -67,13 +69,15 @@ const std::string& MonthName(int month);
 
 /// A date-time through a picture made of "d", "dd", "mmm", "yy", "yyyy", "hh", "mm" (minutes behind
 /// "hh"), "ss" and other characters, which stand as they are: "d mmm yyyy hh:mm:ss". With seconds in
-/// the picture the instant is rounded to the second, with minutes only to the minute, and a picture
-/// of a date alone shows the day in which the instant falls once rounded to the second.
+/// the picture the instant is rounded to the second, without them that second to the minute (half a
+/// minute goes up), and a picture of a date alone shows the day in which the instant falls once rounded
+/// to the second. "mm" without "hh" before it is the number of the month.
 std::string FormatDateTime(double dateTime, std::string_view picture);
 
 /// The date-time in a text such as "21 May 2004 18:02:15": day, month (the system's or the English
 /// abbreviation or name, any case, or a number), year and time of day, which may be missing. Dates may
-/// also stand as "2004-05-21" or "21/5/2004". Nothing for a text that is no date.
+/// also stand as "2004-05-21", "21/5/2004" (the day always before a month in figures) or "May 21, 2004",
+/// hours also as "6:02:15 PM". Years have three or four digits. Nothing for a text that is no date.
 std::optional<double> ParseDateTime(std::string_view text);
 
 /// The date-time in "YYYY-MM-DD HH:MM:SS", and with `dateOnly` in "YYYY-MM-DD"; nothing for any other

@@ -222,7 +222,7 @@ const std::string& DecimalSeparator()
 
 void SetDecimalSeparator(std::string separator)
 {
-    Separator = std::move(separator);
+    if (!separator.empty()) Separator = std::move(separator);
 }
 
 double ParseLat(std::string_view text)

@@ -3,6 +3,8 @@
 #include <string>
 
 /// The earth models: a fixed list of reference ellipsoids and the one that is in force.
+///
+/// A row index outside 0..19 is a programming error (assertion).
 
 namespace merov::sailing
 {
@@ -47,8 +49,9 @@ inline bool IsSphere(double r)
 /// First eccentricity: sqrt(2/r - (1/r)/r), 0 below 1e-11. @param r  inverse flattening, not 0
 double Eccentricity(double r);
 
-/// Meridional parts in minutes of arc at a latitude in degrees, on the fixed model of the traditional
-/// tables (Clarke 1880) whatever ellipsoid is in force. Fault at -90 degrees.
+/// Meridional parts in minutes of arc at a latitude in degrees, -90 excluded, on the fixed model of the
+/// traditional tables (Clarke 1880) whatever ellipsoid is in force; the series that Bowditch, The American
+/// Practical Navigator, gives for its table. Fault 5 at -90 degrees and beyond the poles.
 double MeridionalParts(double latitudeDeg);
 
 } // namespace merov::sailing

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing. Usage: install_packages.sh run|test|fuzz
+# run: to build and run the program; test: also for the tests, the comparisons and the benchmarks;
+# fuzz: for the fuzz targets.
+set -euo pipefail
+
+packages=(g++ cmake ninja-build qt6-base-dev libcli11-dev)
+case "${1:-}" in
+run) ;;
+test) packages+=(pkg-config libgtest-dev libbenchmark-dev liberfa-dev libnova-dev libgeographiclib-dev) ;;
+fuzz) packages=(cmake ninja-build clang) ;;
+*)
+    echo "usage: $0 run|test|fuzz" >&2
+    exit 2
+    ;;
+esac
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing: ${missing[*]}" >&2
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq >&2
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
