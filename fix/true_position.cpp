@@ -7,6 +7,8 @@
 #include "numeric/message_box.h"
 #include "sailing/rhumb_line.h"
 
+#include <cmath>
+
 namespace merov::fix
 {
 
@@ -134,9 +136,11 @@ void ComputeTruePosition(SightSession& session, double r, double a, numeric::Las
 double TimeSpreadHours(const SightSession& session)
 {
     if (session.ObsCount == 0) return 0.0;
-    return (numeric::MaxOf(session.ObsTime, 1, session.ObsCount) -
-            numeric::MinOf(session.ObsTime, 1, session.ObsCount)) *
-           24.0;
+    const double days =
+        numeric::MaxOf(session.ObsTime, 1, session.ObsCount) - numeric::MinOf(session.ObsTime, 1, session.ObsCount);
+    // Sights are timed to the second. The difference of two date-times is off by up to a microsecond,
+    // which would let a spread of just 3 hours count as more at some times of day.
+    return std::round(days * 86400.0) / 3600.0;
 }
 
 void ShowTooFewObservations()

@@ -30,7 +30,8 @@ namespace merov::fix
 /// weights: F. Mosteller and J. W. Tukey, Data Analysis and Regression, 1977.
 void ComputeTruePosition(SightSession& session, double r, double a, numeric::LastError& journal);
 
-/// Hours between the first and the last sight, ObsTime[1..ObsCount]; 0 without sights.
+/// Hours between the first and the last sight, ObsTime[1..ObsCount], to the whole second; 0 without
+/// sights.
 double TimeSpreadHours(const SightSession& session);
 
 /// The box that asks for at least two observations.

@@ -232,11 +232,21 @@ protected:
 
 TEST_F(ChoiceOfRoutineTest, NeedsMoreThanThreeHours)
 {
-    ship.Time = 38128.875;
-    const SightSession exactly = Sights(8, -3.0, 0.0); // an eighth of a day has no rounding
-    ASSERT_EQ(TimeSpreadHours(exactly), 3.0);
-    EXPECT_EQ(Routine(exactly), FixRoutine::ShortTimeSpread);
+    EXPECT_EQ(Routine(Sights(8, -3.0, 0.0)), FixRoutine::ShortTimeSpread);
     EXPECT_EQ(Routine(Sights(8, -3.01, 0.0)), FixRoutine::Full);
+}
+
+TEST_F(ChoiceOfRoutineTest, ThreeHoursAreThreeHoursAtAnyTimeOfDay)
+{
+    SightSession s;
+    AllocateObservations(s, 2);
+    for (int second = 0; second < 75600; second += 61) {
+        s.ObsTime[1] = (38128.0 * 86400.0 + second) / 86400.0;
+        s.ObsTime[2] = (38128.0 * 86400.0 + second + 10800.0) / 86400.0;
+        ASSERT_EQ(TimeSpreadHours(s), 3.0) << second;
+        s.ObsTime[2] = (38128.0 * 86400.0 + second + 10801.0) / 86400.0;
+        ASSERT_GT(TimeSpreadHours(s), 3.0) << second;
+    }
 }
 
 TEST_F(ChoiceOfRoutineTest, NeedsEightSightsOnBearingsOfTheirOwn)
