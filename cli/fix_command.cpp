@@ -195,7 +195,7 @@ void AddFixCommand(CLI::App& app, const JobTaker& run)
             "--view", [words, views](const std::string& word) { words->SightView = views.at(word); },
             "sights as the fix leaves them, or as the report or the chart sees them (fix)")
         ->check(CLI::IsMember(views))
-        ->type_name("");
+        ->type_name("VIEW");
     AddEllipsoid(*command);
     AddDataFolder(*command);
     command->callback([words, run] { run([words](const BoxLog&) { return FixJob(*words); }); });

@@ -379,6 +379,7 @@ TEST_F(EntryRules, CellTextsOfAFileNeverHideWhatIsOutOfRange)
 {
     EXPECT_EQ(AltitudeCellText(35.25), "35°15'.0");
     EXPECT_EQ(AltitudeCellText(59.99995), "60°00'.0");
+    EXPECT_EQ(AltitudeCellText(-1e307), "-999°00'.0");
     EXPECT_EQ(CorrectionCellText(-2.5 / 60.0), "-02.50");
     EXPECT_EQ(CorrectionCellText(-1e-9), "+00.00");
     for (const double altitude : {-0.5, 90.01, 180.0, 1e5, 1e307, -1e307})

@@ -8,11 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace merov::fix
@@ -157,6 +160,8 @@ TEST_F(ObservationFile, TwoSightsLoadAndSaveByteForByte)
     EXPECT_TRUE(CheckInputFlags(entry));
     EXPECT_EQ(session.Course, 270.0);
     EXPECT_EQ(session.OrigSpeed, 12.5);
+    session.Course = 255.3; // what a fix corrects is not what was typed
+    session.Speed = 11.1;
     EXPECT_EQ(Saved(), Joined(TwoSights));
 }
 
@@ -364,10 +369,22 @@ TEST_F(ObservationFile, FileErrorsByTheirKind)
     };
     EXPECT_EQ(save(folder / "none" / "out.obs"), other + "2: No such file or directory");
     EXPECT_EQ(save(folder), other + "21: Is a directory");
-    EXPECT_EQ(save("/dev/full"), other + "28: No space left on device");
-    EXPECT_EQ(save("/dev/null"), "saved");
-    EXPECT_FALSE(fs::is_regular_file("/dev/null"));
     EXPECT_EQ(save(""), title + "Your file specification was invalid. Try another.");
+}
+
+TEST_F(ObservationFile, WhatIsNoPlainFileIsWrittenDirectly)
+{
+    ASSERT_TRUE(Load(TwoSights));
+    ASSERT_TRUE(ReadObservationGrid(entry, session));
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const int end = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+    EXPECT_FALSE(WriteObservationFile(pipe, session).has_value());
+    std::string bytes(10000, '\0');
+    const auto count = ::read(end, bytes.data(), bytes.size());
+    ::close(end);
+    EXPECT_EQ(bytes.substr(0, static_cast<std::size_t>(std::max<long>(count, 0))), Joined(TwoSights));
+    EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
 TEST_F(ObservationFile, FailedWriteLeavesTheOldFileAlone)

@@ -241,16 +241,18 @@ TEST_F(SightEntryTest, BadCellsEndTheReadingWithTheirBox)
 
 TEST_F(SightEntryTest, SortIsByTimeAndKeepsEqualTimesInOrder)
 {
-    FillRow(1, "21 May 2004 18:05:40", "MARS", "1");
-    FillRow(2, "21 May 2004 09:00:00", "VEGA", "2");
-    FillRow(3, "21 May 2004 18:05:40", "SUNLOW", "3");
-    FillRow(4, "30 Dec 2003 23:00:00", "VENUS", "4");
-    FillRow(5, "1 Jan 2003 00:00:00", "JUPITER", "5");
-    SortObservationGrid(entry, 4);
-    std::string order;
-    for (int row = 1; row <= 5; ++row)
-        order += entry.Rows[row][GridColumn::Altitude];
-    EXPECT_EQ(order, "42135");
+    // Three times in turn over 48 rows, and an earlier one in the last row, which is not sorted.
+    const char* const times[] = {"21 May 2004 18:05:40", "21 May 2004 09:00:00", "30 Dec 2003 23:00:00"};
+    for (int row = 1; row <= 48; ++row)
+        FillRow(row, times[row % 3], "MARS", std::to_string(row).c_str());
+    FillRow(49, "1 Jan 2003", "VEGA", "49");
+    SortObservationGrid(entry, 48);
+    for (int row = 1; row <= 48; ++row) {
+        const int group = 2 - (row - 1) / 16; // latest group last
+        const int expected = 3 * ((row - 1) % 16 + (group == 0 ? 1 : 0)) + group;
+        EXPECT_EQ(entry.Rows[row][GridColumn::Altitude], std::to_string(expected));
+    }
+    EXPECT_EQ(entry.Rows[49][GridColumn::Altitude], "49");
 }
 
 TEST_F(SightEntryTest, RunChecksInOrder)
