@@ -14,32 +14,38 @@ constexpr int LetterCount = 26;
 constexpr int LastName = LetterCount * (LetterCount + 1);
 
 /// A time that a file brings goes into a picker; one beyond its range brings a box and leaves the
-/// default.
-void LoadTime(double time, double& picker, const char* name)
+/// default. False for the latter.
+bool LoadTime(double time, double& picker, const char* name)
 {
-    if (IsPickerTime(time))
+    const bool good = IsPickerTime(time);
+    if (good)
         picker = time;
     else
         numeric::ShowWarning(" Error in input data",
                              {std::string("The time of the ") + name, "does not lie in the years 1900 to 2100."});
+    return good;
 }
 
-void EnterNumeric(const NumericRecords& records, SightEntry& entry, SightSession& session)
+bool EnterNumeric(const NumericRecords& records, SightEntry& entry, SightSession& session)
 {
-    LoadTime(records.TimeEstPos, entry.TimeEstPos, "estimated position");
+    bool allTaken = true;
+    const auto load = [&](EntryField field, double value) {
+        if (LoadField(entry, session, field, value) == EntryVerdict::Refused) allTaken = false;
+    };
+    if (!LoadTime(records.TimeEstPos, entry.TimeEstPos, "estimated position")) allTaken = false;
     session.TimeEstPos = entry.TimeEstPos;
     entry.Flag(InputFlag::TimeEstPos) = true;
-    LoadField(entry, session, EntryField::Latitude, records.EstLat);
-    LoadField(entry, session, EntryField::Longitude, records.EstLong);
-    LoadTime(records.TimeTruePos, entry.TimeTruePos, "true position");
+    load(EntryField::Latitude, records.EstLat);
+    load(EntryField::Longitude, records.EstLong);
+    if (!LoadTime(records.TimeTruePos, entry.TimeTruePos, "true position")) allTaken = false;
     LeaveTimeTruePos(entry, session);
-    LoadField(entry, session, EntryField::Course, records.OrigCourse);
-    LoadField(entry, session, EntryField::Speed, records.OrigSpeed);
-    LoadField(entry, session, EntryField::HeightMetres, records.HeightOfEye);
-    LoadField(entry, session, EntryField::InstCorr, records.DefaultInstCorr);
-    LoadField(entry, session, EntryField::AirCelsius, records.AirTemp);
-    LoadField(entry, session, EntryField::WaterCelsius, records.WaterTemp);
-    LoadField(entry, session, EntryField::Millibars, records.Pressure);
+    load(EntryField::Course, records.OrigCourse);
+    load(EntryField::Speed, records.OrigSpeed);
+    load(EntryField::HeightMetres, records.HeightOfEye);
+    load(EntryField::InstCorr, records.DefaultInstCorr);
+    load(EntryField::AirCelsius, records.AirTemp);
+    load(EntryField::WaterCelsius, records.WaterTemp);
+    load(EntryField::Millibars, records.Pressure);
     int row = 0;
     for (const NumericRecords::Sight& sight : records.Sights) {
         GridRow& cells = entry.Rows[++row];
@@ -47,11 +53,12 @@ void EnterNumeric(const NumericRecords& records, SightEntry& entry, SightSession
                       AltitudeCellText(sight.Altitude), CorrectionCellText(sight.InstCorr)};
         cells.Flag.fill(true);
     }
+    return allTaken;
 }
 
-void EnterTexts(const TextRecords& records, SightEntry& entry, SightSession& session)
+bool EnterTexts(const TextRecords& records, SightEntry& entry, SightSession& session)
 {
-    LoadTime(records.TimeEstPos, entry.TimeEstPos, "estimated position");
+    bool allTaken = LoadTime(records.TimeEstPos, entry.TimeEstPos, "estimated position");
     for (const auto& [field, text] : records.Fields)
         entry.Text(field) = text;
     int row = 0;
@@ -61,47 +68,61 @@ void EnterTexts(const TextRecords& records, SightEntry& entry, SightSession& ses
     }
     const auto leave = [&](EntryField field) {
         // A refused text goes, so that the default which stays in force is what shows.
-        if (LeaveField(entry, session, field) == EntryVerdict::Refused) entry.Text(field) = EntryBlank(field);
+        if (LeaveField(entry, session, field) != EntryVerdict::Refused) return;
+        entry.Text(field) = EntryBlank(field);
+        allTaken = false;
     };
     LeaveTimeEstPos(entry, session);
     leave(EntryField::Latitude);
     leave(EntryField::Longitude);
     // Only now: leaving the first picker has dragged the second one along.
-    LoadTime(records.TimeTruePos, entry.TimeTruePos, "true position");
+    if (!LoadTime(records.TimeTruePos, entry.TimeTruePos, "true position")) allTaken = false;
     LeaveTimeTruePos(entry, session);
     for (const EntryField field :
          {EntryField::Course, EntryField::Speed, EntryField::HeightMetres, EntryField::InstCorr, EntryField::AirCelsius,
           EntryField::WaterCelsius, EntryField::Millibars})
         leave(field);
+    return allTaken;
 }
 
 } // namespace
 
-void EnterRecords(const ObservationRecords& records, SightEntry& entry, SightSession& session)
+bool EnterRecords(const ObservationRecords& records, SightEntry& entry, SightSession& session)
 {
     if (const auto* numeric = std::get_if<NumericRecords>(&records.Content))
-        EnterNumeric(*numeric, entry, session);
-    else
-        EnterTexts(std::get<TextRecords>(records.Content), entry, session);
+        return EnterNumeric(*numeric, entry, session);
+    return EnterTexts(std::get<TextRecords>(records.Content), entry, session);
 }
 
-bool LoadObservationFile(const std::filesystem::path& path, SightEntry& entry, SightSession& session)
+namespace
+{
+
+/// What came of a file: nothing, all of its values, or some with the defaults for the others.
+enum class Loaded { Nothing, Partly, Wholly };
+
+Loaded LoadFile(const std::filesystem::path& path, SightEntry& entry, SightSession& session)
 {
     EraseEntries(entry, session, ephemeris::CurrentGmtHour());
     const ObservationReading reading = ReadObservationFile(path);
     if (const auto* box = std::get_if<numeric::Box>(&reading)) {
         numeric::ShowBox(*box);
-        return false;
+        return Loaded::Nothing;
     }
-    EnterRecords(std::get<ObservationRecords>(reading), entry, session);
-    return true;
+    return EnterRecords(std::get<ObservationRecords>(reading), entry, session) ? Loaded::Wholly : Loaded::Partly;
+}
+
+} // namespace
+
+bool LoadObservationFile(const std::filesystem::path& path, SightEntry& entry, SightSession& session)
+{
+    return LoadFile(path, entry, session) != Loaded::Nothing;
 }
 
 bool ConvertObservationFile(const std::filesystem::path& source, const std::filesystem::path& target)
 {
     SightEntry entry;
     SightSession session;
-    if (!LoadObservationFile(source, entry, session)) return false;
+    if (LoadFile(source, entry, session) != Loaded::Wholly) return false;
     if (!CheckInputFlags(entry) || !ReadObservationGrid(entry, session)) return false;
     const auto box = WriteObservationFile(target, session);
     if (box) numeric::ShowBox(*box);

@@ -79,7 +79,8 @@ ObservationReading ReadObservationFile(const std::filesystem::path& path);
 
 /// Puts the content of a file into erased entries and the session, by the rules of the entries: what
 /// lies outside its limits brings its box and leaves the default. Nothing is computed.
-void EnterRecords(const ObservationRecords& records, SightEntry& entry, SightSession& session);
+/// @return true when every value was taken
+bool EnterRecords(const ObservationRecords& records, SightEntry& entry, SightSession& session);
 
 /// Loads a file: erases the entries, with the present hour as the default time, reads the file and
 /// enters its records.
@@ -101,8 +102,9 @@ std::string FormatObservationFile(const SightSession& session);
 std::optional<numeric::Box> WriteObservationFile(const std::filesystem::path& path, const SightSession& session);
 
 /// Writes the current form of any of the three forms. All required entries must be there and the grid
-/// must be readable, as for a fix.
-/// @return false, with the box shown, when the source could not be read or the target not written
+/// must be readable, as for a fix, and every value must be taken: a conversion changes none.
+/// @return false, with the box shown, when the source could not be read, held a value that its entry
+///         refuses, or the target could not be written
 bool ConvertObservationFile(const std::filesystem::path& source, const std::filesystem::path& target);
 
 /// The name that a save proposes: day, month and year of the true position's time and a letter,

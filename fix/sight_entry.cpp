@@ -216,15 +216,17 @@ void StepField(SightEntry& entry, SightSession& session, EntryField field, bool 
     LeaveField(entry, session, field);
 }
 
-void LoadField(SightEntry& entry, SightSession& session, EntryField field, double value)
+EntryVerdict LoadField(SightEntry& entry, SightSession& session, EntryField field, double value)
 {
     EntryResult result = CheckValue(field, value);
+    const EntryVerdict verdict = result.Verdict;
     if (result.Box) numeric::ShowBox(*result.Box);
-    if (result.Verdict == EntryVerdict::Refused)
+    if (verdict == EntryVerdict::Refused)
         result = CheckValue(field, ErasedValue(field));
     else if (IsLeftByLoad(field))
         entry.Colour(field) = FieldColour::Green;
     TakeValue(entry, session, field, result.Value, result.Text);
+    return verdict;
 }
 
 bool IsPickerTime(double time)

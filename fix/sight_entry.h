@@ -86,7 +86,8 @@ void StepField(SightEntry& entry, SightSession& session, EntryField field, bool 
 /// and the value of an erased field is taken and shown instead. The flag is set in both cases. Height,
 /// temperatures and pressure turn green, as if left; the others keep the window colour.
 /// @param value  finite, in the field's unit
-void LoadField(SightEntry& entry, SightSession& session, EntryField field, double value);
+/// @return the verdict on `value`
+EntryVerdict LoadField(SightEntry& entry, SightSession& session, EntryField field, double value);
 
 /// The pickers' range: 1 January 1900 to the end of 31 December 2100.
 bool IsPickerTime(double time);
