@@ -1,43 +1,29 @@
-// The Moon's apparent place, ours beside ERFA's: both sum the same 60 and 60 terms.
-
+#include "bench/by_date.h"
 #include "ephemeris/moon.h"
 #include "tests/support/erfa_places.h"
 
-#include <benchmark/benchmark.h>
+/// The Moon's apparent place, ours beside ERFA's: both sum the same 60 and 60 terms.
 
-namespace merov
+namespace merov::bench
 {
 namespace
 {
 
-void MoonOurs(benchmark::State& state)
+test::Place MoonOurs(double days)
 {
-    double days = -18000.0;
-    double gha = 0.0;
-    double dec = 0.0;
-    double distance = 0.0;
-    for (auto _ : state) {
-        days = days < 18000.0 ? days + 0.97 : -18000.0;
-        ephemeris::ComputeMoonPosition(days / ERFA_DJC, gha, dec, distance);
-        benchmark::DoNotOptimize(gha);
-        benchmark::DoNotOptimize(dec);
-        benchmark::DoNotOptimize(distance);
-    }
+    test::Place place;
+    double distance;
+    ephemeris::ComputeMoonPosition(days / ERFA_DJC, place.GHA, place.Dec, distance);
+    return place;
 }
-BENCHMARK(MoonOurs);
+BENCHMARK_CAPTURE(ByDate, MoonOurs, MoonOurs);
 
-void MoonErfa(benchmark::State& state)
+test::Place MoonErfa(double days)
 {
-    double days = -18000.0;
-    double distance = 0.0;
-    for (auto _ : state) {
-        days = days < 18000.0 ? days + 0.97 : -18000.0;
-        test::Place place = test::ErfaMoon(days, distance);
-        benchmark::DoNotOptimize(place);
-        benchmark::DoNotOptimize(distance);
-    }
+    double distance;
+    return test::ErfaMoon(days, distance);
 }
-BENCHMARK(MoonErfa);
+BENCHMARK_CAPTURE(ByDate, MoonErfa, MoonErfa);
 
 } // namespace
-} // namespace merov
+} // namespace merov::bench

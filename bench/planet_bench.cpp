@@ -1,76 +1,82 @@
+#include "bench/by_date.h"
 #include "ephemeris/astro_lib.h"
+#include "ephemeris/saturn_lib.h"
 #include "ephemeris/sun_events.h"
-#include "ephemeris/time_lib.h"
-
-#include <benchmark/benchmark.h>
 
 #include <libnova/libnova.h>
 
-/// Venus, Mars and Jupiter by their orbits and by libnova's series; the moments of a day, and one rising,
-/// passage and setting of the Sun by libnova.
+/// The planets, ours and by libnova's series; the moments of a day, and one rising, passage and setting of the
+/// Sun by libnova.
 
+namespace merov::bench
+{
 namespace
 {
 
-using namespace merov::ephemeris;
+constexpr double J2000JulianDay = 2451545.0;
 
-constexpr double HalfHour = 1.0 / 48.0;
-
-void PlanetPlace(benchmark::State& state, const char* body)
+void Planet(benchmark::State& state, const char* body)
 {
-    double instant = JoinDateTime({2004, 5, 21, 18, 0, 0});
-    for (auto _ : state) {
-        BodyPosition position;
-        ComputeBodyPosition(body, instant, position);
-        benchmark::DoNotOptimize(position);
-        instant += HalfHour;
-    }
+    ephemeris::SetDataFolder(MEROV_RUN_DIR);
+    ByDate(state, [body](double days) {
+        ephemeris::BodyPosition position;
+        ephemeris::ComputeBodyPosition(body, J2000DateTime + days, position);
+        return position;
+    });
 }
 
-void PlanetPlaceLibnova(benchmark::State& state, void (*body)(double, ln_equ_posn*))
+void PlanetLibnova(benchmark::State& state, void (*body)(double, ln_equ_posn*))
 {
-    double julianDay = 2453147.25;
-    for (auto _ : state) {
+    ByDate(state, [body](double days) {
+        const double julianDay = J2000JulianDay + days;
         ln_equ_posn place;
         body(julianDay, &place);
-        const double hourAngle = ln_range_degrees(ln_get_apparent_sidereal_time(julianDay) * 15.0 - place.ra);
-        benchmark::DoNotOptimize(hourAngle);
-        benchmark::DoNotOptimize(place);
-        julianDay += HalfHour;
-    }
+        place.ra = ln_range_degrees(ln_get_apparent_sidereal_time(julianDay) * 15.0 - place.ra); // the hour angle
+        return place;
+    });
 }
 
-BENCHMARK_CAPTURE(PlanetPlace, Venus, "VENUS");
-BENCHMARK_CAPTURE(PlanetPlaceLibnova, Venus, ln_get_venus_equ_coords);
-BENCHMARK_CAPTURE(PlanetPlace, Mars, "MARS");
-BENCHMARK_CAPTURE(PlanetPlaceLibnova, Mars, ln_get_mars_equ_coords);
-BENCHMARK_CAPTURE(PlanetPlace, Jupiter, "JUPITER");
-BENCHMARK_CAPTURE(PlanetPlaceLibnova, Jupiter, ln_get_jupiter_equ_coords);
+BENCHMARK_CAPTURE(Planet, Venus, "VENUS");
+BENCHMARK_CAPTURE(PlanetLibnova, Venus, ln_get_venus_equ_coords);
+BENCHMARK_CAPTURE(Planet, Mars, "MARS");
+BENCHMARK_CAPTURE(PlanetLibnova, Mars, ln_get_mars_equ_coords);
+BENCHMARK_CAPTURE(Planet, Jupiter, "JUPITER");
+BENCHMARK_CAPTURE(PlanetLibnova, Jupiter, ln_get_jupiter_equ_coords);
+BENCHMARK_CAPTURE(Planet, Saturn, "SATURN");
+BENCHMARK_CAPTURE(PlanetLibnova, Saturn, ln_get_saturn_equ_coords);
 
-void SunEventsOfADay(benchmark::State& state)
+ln_helio_posn SaturnHeliocentric(double days)
 {
-    double day = JoinDateTime({2004, 5, 21, 0, 0, 0});
-    for (auto _ : state) {
-        SunEventTimes events;
-        ComputeSunEvents(44.0, -8.0, day, 3.0, events);
-        benchmark::DoNotOptimize(events);
-        day += 1.0;
-        if (day > 80000.0) day -= 36525.0;
-    }
+    ln_helio_posn place;
+    ephemeris::SaturnHeliocentric(days / 36525.0, place.B, place.L, place.R);
+    return place;
 }
-BENCHMARK(SunEventsOfADay);
+BENCHMARK_CAPTURE(ByDate, SaturnHeliocentric, SaturnHeliocentric);
 
-void SunRiseTransitSetLibnova(benchmark::State& state)
+ln_helio_posn SaturnHeliocentricLibnova(double days)
+{
+    ln_helio_posn place;
+    ln_get_saturn_helio_coords(J2000JulianDay + days, &place);
+    return place;
+}
+BENCHMARK_CAPTURE(ByDate, SaturnHeliocentricLibnova, SaturnHeliocentricLibnova);
+
+ephemeris::SunEventTimes SunEventsOfADay(double days)
+{
+    ephemeris::SunEventTimes events;
+    ephemeris::ComputeSunEvents(44.0, -8.0, J2000DateTime + days, 3.0, events);
+    return events;
+}
+BENCHMARK_CAPTURE(ByDate, SunEventsOfADay, SunEventsOfADay);
+
+ln_rst_time SunRiseTransitSetLibnova(double days)
 {
     ln_lnlat_posn observer{-8.0, 44.0};
-    double julianDay = 2453146.5;
-    for (auto _ : state) {
-        ln_rst_time times;
-        ln_get_solar_rst(julianDay, &observer, &times);
-        benchmark::DoNotOptimize(times);
-        julianDay += 1.0;
-    }
+    ln_rst_time times;
+    ln_get_solar_rst(J2000JulianDay + days, &observer, &times);
+    return times;
 }
-BENCHMARK(SunRiseTransitSetLibnova);
+BENCHMARK_CAPTURE(ByDate, SunRiseTransitSetLibnova, SunRiseTransitSetLibnova);
 
 } // namespace
+} // namespace merov::bench

@@ -75,7 +75,7 @@ std::vector<std::string> ArrangedWords(const CLI::App& app, int argc, const char
     CollectValued(app, valued);
     std::vector<std::string> commands;
     std::vector<std::string> rest;
-    const CLI::App* current = &app;
+    const CLI::App* current = &app; // null once the command is known
     bool valueFollows = false;
     for (int i = 1; i < argc; ++i) {
         std::string word = argv[i];
@@ -84,7 +84,8 @@ std::vector<std::string> ArrangedWords(const CLI::App& app, int argc, const char
         if (!valueFollows && current != nullptr && !IsOptionWord(word)) {
             for (const CLI::App* candidate : current->get_subcommands({}))
                 if (candidate->get_name() == word) command = candidate;
-            current = command; // the first plain word that names no command ends the search for one
+            if (command == nullptr) throw CLI::ValidationError("\"" + std::string(argv[i]) + "\" is no command");
+            current = command->get_subcommands({}).empty() ? nullptr : command;
         }
         valueFollows = !valueFollows && std::find(valued.begin(), valued.end(), word) != valued.end();
         (command != nullptr ? commands : rest).push_back(word);

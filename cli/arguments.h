@@ -12,7 +12,8 @@ namespace merov::cli
 
 /// The words behind the program's name, made ready for `app`: the words that name the command stand
 /// first, so that options may stand anywhere, and a negative number that begins with its point gets a
-/// zero before it, so that it never reads as an option.
+/// zero before it, so that it never reads as an option. A plain word that names no command where one must
+/// stand throws CLI::ValidationError.
 std::vector<std::string> ArrangedWords(const CLI::App& app, int argc, const char* const* argv);
 
 // Positional arguments and options of one meaning each. A word that does not fit is wrong usage, told

@@ -82,7 +82,7 @@ QJsonObject JsonFix(const SightSession& s, Reached reached)
             {"SystErr", result(JsonNumber(s.SystErr))},
             {"IterCount", result(s.IterCount)},
             {"NumUnknowns", result(s.NumUnknowns)},
-            {"ObsCount", result(s.ObsCount)},
+            {"ObsCount", s.ObsCount > 0 ? entry(s.ObsCount) : QJsonValue()},
             {"GoodObsCount", result(s.GoodObsCount)},
             {"Course", entry(JsonNumber(s.Course))},
             {"Speed", entry(JsonNumber(s.Speed))},

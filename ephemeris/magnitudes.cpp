@@ -14,11 +14,7 @@ namespace merov::ephemeris
 namespace
 {
 
-using numeric::ArcCos;
-using numeric::ArcSin;
 using numeric::DegToRad;
-using numeric::Quotient;
-using numeric::RadToDeg;
 
 constexpr double SunMagnitude = -26.86;
 constexpr double MoonMagnitude = -11.0;
@@ -32,8 +28,8 @@ double RingBrightness(const BodyPosition& saturn, double instant)
     const double node = 169.50847 + 1.394681 * T + 0.000412 * T * T;
     const double latitude = saturn.EclLatitude * DegToRad;
     const double fromNode = (saturn.EclLongitude - node) * DegToRad;
-    const double B = ArcSin(std::sin(inclination) * std::cos(latitude) * std::sin(fromNode) -
-                            std::sin(latitude) * std::cos(inclination));
+    const double B = numeric::ArcSin(std::sin(inclination) * std::cos(latitude) * std::sin(fromNode) -
+                                     std::sin(latitude) * std::cos(inclination));
     const double sine = std::sin(std::fabs(B));
     return -2.6 * sine + 1.25 * sine * sine;
 }
@@ -48,7 +44,8 @@ double PlanetMagnitude(std::string_view bodyCode, double instant)
     const double r = planet.HelioDistance;
     const double delta = planet.Distance;
     const double R = sun.Distance;
-    const double i = ArcCos(Quotient(r * r + delta * delta - R * R, 2.0 * r * delta)) * RadToDeg;
+    const double cosPhase = numeric::Quotient(r * r + delta * delta - R * R, 2.0 * r * delta);
+    const double i = numeric::ArcCos(cosPhase) * numeric::RadToDeg;
     const double m = 5.0 * numeric::Log10(r * delta);
     if (bodyCode == "VENUS") return m - 4.4 + (0.0009 + (0.000239 - 6.5e-7 * i) * i) * i;
     if (bodyCode == "MARS") return m - 1.52 + 0.016 * i;

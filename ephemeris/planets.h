@@ -8,7 +8,7 @@
 /// in J. Meeus, Astronomical Formulae for Calculators, chapters 23 and 24; Saturn from its series
 /// (saturn_lib.h). T is Julian centuries of 36525 days from J2000.0. Angles are degrees. No routine
 /// allocates. Against the full VSOP87 over 1950 to 2050, in minutes of arc of hour angle times cosine of
-/// declination (tests/against/planets_test): Venus 0.11 rms and 0.64 at most, Mars 0.13 and 0.80, Jupiter
+/// declination (tests/against/planets_test): Venus 0.10 rms and 0.62 at most, Mars 0.13 and 0.77, Jupiter
 /// 0.19 and 0.57, Saturn 0.007 and 0.025; in declination about half of that or less.
 
 namespace merov::ephemeris

@@ -85,18 +85,12 @@ void ComputeStarPosition(std::string_view BodyCode, double T, double& GHA, doubl
     PrecessionAngles(T, zeta, theta, z);
     ApplyPrecession(zeta / 3600.0, theta / 3600.0, z / 3600.0, dec, ra, dec, ra);
 
-    double meanLongitude = 0.0;
-    double meanObliquity = 0.0;
-    double meanAnomaly = 0.0;
-    double eccentricity = 0.0;
-    double radiusCorrection = 0.0;
-    EarthElements(T, meanLongitude, meanObliquity, meanAnomaly, eccentricity, radiusCorrection);
-    const double sunLongitude = meanLongitude + SunEquationOfCentre(eccentricity, meanAnomaly);
+    const SunTruePlace sun = ComputeSunTruePlace(T);
     double deltaPsi = 0.0;
     double deltaEps = 0.0;
     ComputeNutation(T, deltaPsi, deltaEps);
-    ApplyNutationAberration(meanObliquity, deltaPsi, deltaEps, sunLongitude, ra, dec, ra, Declination);
-    GHA = GreenwichHourAngle(T, deltaPsi, meanObliquity + deltaEps / 3600.0, ra);
+    ApplyNutationAberration(sun.MeanObliquity, deltaPsi, deltaEps, sun.Longitude, ra, dec, ra, Declination);
+    GHA = GreenwichHourAngle(T, deltaPsi, sun.MeanObliquity + deltaEps / 3600.0, ra);
 }
 
 } // namespace merov::ephemeris

@@ -226,9 +226,9 @@ std::string LoadText(EntryField field, double value)
     case EntryField::Latitude:
         return numeric::FormatLat(std::clamp(value, -99.0, 99.0));
     case EntryField::Longitude:
-        if (std::fabs(value) <= 180.0) return numeric::FormatLong(value);
-        // Beyond the limit no turn is taken off, so that the rule sees what the file says.
-        return numeric::FormatDegMin(std::min(std::fabs(value), 199.0), "000°00'.0") + (value < 0.0 ? " W" : " E");
+        if (value >= -180.0 && value <= 360.0) return numeric::FormatLong(value);
+        // Beyond that no turn is taken off, so that the rule sees what the file says.
+        return numeric::FormatDegMin(199.0, "000°00'.0") + (value < 0.0 ? " W" : " E");
     case EntryField::Course:
         return FormatNumber(value, "000°.0");
     case EntryField::Speed:

@@ -46,7 +46,7 @@ EntryResult CheckEntry(EntryField field, std::string_view text);
 /// The same for a value that comes from a file: it is first brought into the text in which a load
 /// shows it, and Value is what that text says. So a latitude counts to 0'.1, a course, speed and
 /// height to 0.1, a correction to 0'.01, a temperature or pressure to the whole number.
-/// @param value  finite
+/// @param value  finite; a longitude may also count 0..360 eastward
 EntryResult CheckValue(EntryField field, double value);
 
 /// The altitude cell of the grid, when its editor is left. Valid: Value in degrees 0..90, Text

@@ -203,10 +203,9 @@ std::pair<std::string_view, std::string_view> Sections(std::string_view pattern)
 std::string FormatDecimal(const Decimal& decimal, bool negative, std::string_view pattern)
 {
     const auto [positiveSection, negativeSection] = Sections(pattern);
-    const bool minus = negative && !decimal.IsZero();
-    const std::string_view section = minus && !negativeSection.empty() ? negativeSection : positiveSection;
+    const std::string_view section = negative && !negativeSection.empty() ? negativeSection : positiveSection;
     const std::size_t point = section.find('.');
-    std::string result = minus && negativeSection.empty() ? "-" : "";
+    std::string result = negative && negativeSection.empty() && !decimal.IsZero() ? "-" : "";
     result += FilledWhole(section.substr(0, point), decimal.whole);
     if (point != std::string_view::npos)
         result += Separator + FilledFraction(section.substr(point + 1), decimal.fraction);

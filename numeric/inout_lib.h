@@ -48,7 +48,8 @@ double ParseNumber(std::string_view text);
 /// decimal separator; a ";" divides the pattern for positive numbers from that for negative ones;
 /// any other character stands as it is. Digits fill the whole-number places from the right, surplus
 /// ones stand in front of the first place. The value is rounded half away from zero on its decimal
-/// form with 15 digits. A negative value that rounds to zero shows as zero, without a minus sign.
+/// form with 15 digits. The sign of the value itself picks the pattern, so -0.04 through "+0.0;-0.0" is
+/// "-0.0"; a pattern for all numbers shows a value that rounds to zero without a minus sign.
 /// @param value    any finite number; a value that isn't finite shows as the pattern of 0
 /// @param pattern  such as "000°.0", "##0.0", "+00.00;-00.00"
 std::string FormatNumber(double value, std::string_view pattern);

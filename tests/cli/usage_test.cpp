@@ -1,161 +1,129 @@
 #include "cli/command_line.h"
 
-#include <gtest/gtest.h>
-
-/// Exit statuses, words and options that all commands share.
+/// What all commands share: exit statuses, words and options, keys of the results.
 
 namespace merov::test
 {
 namespace
 {
 
-const std::string Evening = "2004-05-21 18:00:00";
-
-TEST(CliUsage, WrongUsageSaysNothingOnStandardOutput)
+TEST(CliUsage, WrongUsageSaysWhyAndNothingOnStandardOutput)
 {
-    const std::string file = Sample("evening_stars.obs");
-    const Words direct{"rhumb", "direct", "1", "2", "3"};
-    const std::vector<Words> wrong{
-        {},
-        {"nosuch"},
-        {"--nosuch"},
-        {"fix"},
-        {"fix", file, file},
-        {"fix", file, "--nosuch"},
-        {"fix", file, "--probability"},
-        {"fix", file, "--probability", "0.9"},
-        {"fix", file, "--probability", "95"},
-        {"fix", file, "--view", "log"},
-        {"fix", file, "--view", "2"},
-        {"fix", file, "--ellipsoid", "20"},
-        {"convert"},
-        {"convert", file},
-        {"body"},
-        {"body", "VEGA"},
-        {"body", "VEGA", "2004-05-21", "18:00:00"},
-        {"body", "VEGA", "2004-05-21"},
-        {"body", "VEGA", "2004-05-21T18:00:00"},
-        {"body", "VEGA", "2004-02-30 18:00:00"},
-        {"body", "VEGA", "2004-05-21 24:00:00"},
-        {"body", "VEGA", "21 May 2004 18:00:00"},
-        {"body", "VEGA", Evening, "--ellipsoid", "3"},
-        {"bodies"},
-        {"bodies", "VEGA", Evening},
-        {"sun", "50", "0", "2004-06-21"},
-        {"sun", "50", "0", "2004-06-31", "10"},
-        {"sun", "50", "0", Evening, "10"},
-        {"sun", "91", "0", "2004-06-21", "10"},
-        {"sun", "50", "361", "2004-06-21", "10"},
-        {"sun", "50", "0", "2004-06-21", "-1"},
-        {"rhumb"},
-        {"rhumb", "nosuch"},
-        direct,
-        Plus(direct, {"4", "5"}),
-        Plus(direct, {"4x"}),
-        Plus(direct, {""}),
-        Plus(direct, {"nan"}),
-        Plus(direct, {"inf"}),
-        Plus(direct, {"-inf"}),
-        Plus(direct, {"1e400"}),
-        Plus(direct, {"4,5"}),
-        Plus(direct, {"4", "--data", "."}),
-        Plus(direct, {"4", "--ellipsoid"}),
-        Plus(direct, {"4", "--ellipsoid", "-1"}),
-        Plus(direct, {"4", "--ellipsoid", "20"}),
-        Plus(direct, {"4", "--ellipsoid", "1.5"}),
-        Plus(direct, {"4", "--ellipsoid", "WGS"}),
-        {"rhumb", "direct", "-90.1", "2", "3", "4"},
-        {"rhumb", "inverse", "1", "2", "3", "-180.1"},
+    const struct {
+        std::string Begin, Reason;
+        std::vector<std::string> Endings;
+    } wrong[] = {
+        {"", "A subcommand is required", {"", "--nosuch", "rhumb"}},
+        {"", "\"frobnicate\" is no command", {"frobnicate", "frobnicate fix", "rhumb frobnicate", "frobnicate --help"}},
+        {"fix", "FILE is required", {"", " --truncated"}},
+        {"fix two_sights.obs", "not expected", {" two_sights.obs", " --nosuch"}},
+        {"fix two_sights.obs --probability", "--probability: ", {"", " 0.9", " 95"}},
+        {"fix two_sights.obs --view log", "--view: log", {""}},
+        {"convert two_sights.obs", "OUT is required", {""}},
+        {"body VEGA", "TIME", {"", " 2004-05-21 18:00:00", " 2004-02-30~18:00:00", " 2004-05-21~24:00:00"}},
+        {"body VEGA 2004-05-21~18:00:00 --ellipsoid 3", "not expected", {""}},
+        {"bodies VEGA 2004-05-21~18:00:00", "TIME: \"VEGA\" is not a time", {""}},
+        {"sun 50 0", "DATE", {"", " 2004-06-31 10", " 2004-06-21~18:00:00 10"}},
+        {"sun 50 0 2004-06-21", "HEIGHT", {"", " -1"}},
+        {"sun 91 0 2004-06-21 10", "LAT: \"91\" is not a latitude", {""}},
+        {"rhumb direct 1 2 3", "DISTANCE", {"", " ", " 4x", " 4,5", " nan", " -inf", " 1e400"}},
+        {"rhumb direct 1 2 3 4", "not expected", {" 5", " --data ."}},
+        {"rhumb direct 1 2 3 4 --ellipsoid", "--ellipsoid: ", {"", " -1", " 20", " 1.5", " WGS"}},
+        {"rhumb inverse 1 2 3 -180.1", "LONG2: \"-180.1\" is not a longitude", {""}},
     };
-    for (const Words& words : wrong) {
-        for (const Words& all : {words, Plus(words, {"--json"})}) {
-            SCOPED_TRACE(Shown(all));
-            const ProgramRun run = RunCli(all);
-            EXPECT_EQ(run.Status, 2);
-            EXPECT_EQ(run.Out, "");
-            EXPECT_NE(run.Err, "");
+    for (const auto& [begin, reason, endings] : wrong)
+        for (const std::string& ending : endings) {
+            const std::string words = begin + ending;
+            ExpectText(words, 2, "", reason);
+            ExpectText(words.empty() ? "--json" : "--json " + words, 2, "", reason);
         }
-    }
 }
 
 TEST(CliUsage, HelpAndVersion)
 {
-    const std::vector<std::pair<Words, std::vector<std::string>>> helps{
-        {{}, {"fix", "convert", "body", "bodies", "sun", "rhumb", "--version"}},
-        {{"fix"},
-         {"FILE", "--json", "--probability", "--truncated", "--no-systematic", "--one-position", "--view", "report",
-          "--ellipsoid", "--data"}},
-        {{"convert"}, {"IN", "OUT", "--json"}},
-        {{"body"}, {"CODE", "TIME", "--json", "--data"}},
-        {{"bodies"}, {"TIME", "--json", "--data"}},
-        {{"sun"}, {"LAT", "LONG", "DATE", "HEIGHT", "--json"}},
-        {{"rhumb"}, {"direct", "inverse", "to-latitude", "to-longitude"}},
-        {{"rhumb", "direct"}, {"LAT1", "LONG1", "COURSE", "DISTANCE", "--ellipsoid", "--json"}},
-        {{"rhumb", "inverse"}, {"LAT1", "LONG1", "LAT2", "LONG2", "--ellipsoid"}},
-        {{"rhumb", "to-latitude"}, {"LAT1", "LONG1", "COURSE", "LAT2", "--ellipsoid"}},
-        {{"rhumb", "to-longitude"}, {"LAT1", "LONG1", "COURSE", "LONG2", "DISTANCE", "--ellipsoid"}},
+    const std::pair<std::string, std::vector<std::string>> helps[] = {
+        {"", {"fix", "convert", "body", "bodies", "sun", "rhumb", "--version"}},
+        {" fix", {"FILE", "--json", "--probability", "--truncated", "--no-systematic", "--one-position", "--view"}},
+        {" convert", {"IN", "OUT", "--json"}},
+        {" body", {"CODE", "TIME", "--json", "--data"}},
+        {" bodies", {"TIME", "--json", "--data"}},
+        {" sun", {"LAT", "LONG", "DATE", "HEIGHT", "--json"}},
+        {" rhumb", {"direct", "inverse", "to-latitude", "to-longitude"}},
+        {" rhumb direct", {"LAT1", "LONG1", "COURSE", "DISTANCE", "--ellipsoid", "--json"}},
+        {" rhumb inverse", {"LAT1", "LONG1", "LAT2", "LONG2"}},
+        {" rhumb to-latitude", {"LAT1", "LONG1", "COURSE", "LAT2"}},
+        {" rhumb to-longitude", {"LAT1", "LONG1", "COURSE", "LONG2", "DISTANCE"}},
     };
-    for (const auto& [command, wanted] : helps) {
-        SCOPED_TRACE(Shown(command));
-        const ProgramRun run = RunCli(Plus(command, {"--help"}));
-        EXPECT_EQ(run.Status, 0);
-        EXPECT_EQ(run.Err, "");
+    for (const auto& [command, wanted] : helps)
         for (const std::string& word : wanted)
-            EXPECT_NE(run.Out.find(word), std::string::npos) << word;
-        EXPECT_EQ(RunCli(Plus({"--help"}, command)).Out, run.Out);
-    }
-    const ProgramRun version = RunCli({"--version"});
-    EXPECT_EQ(version.Status, 0);
-    EXPECT_EQ(version.Out.substr(0, 10), "merov-cli ");
+            ExpectText("--help" + command, 0, word, "");
+    EXPECT_EQ(RunCli("fix --help").Out, RunCli("--help fix").Out);
+    ExpectText("--version", 0, "merov-cli ", "");
 }
 
 TEST(CliUsage, NumbersAreNeverOptions)
 {
-    const std::vector<std::pair<Words, std::vector<double>>> cases{
-        {{"-8.5", "-1e-05", "-90", "-.5"}, {-8.5, -1e-05, -0.5}},
-        {{"+8.5", "+.25", "270", "-1E+2"}, {8.5, 0.25, -100.0}},
-        {{"-0", "-179.999", "270.", "-5e-1"}, {0.0, -179.999, -0.5}},
-    };
-    for (const auto& [numbers, expected] : cases) {
-        SCOPED_TRACE(Shown(numbers));
-        const ProgramRun run = RunCli(Plus({"rhumb", "direct", "--json"}, numbers));
-        ASSERT_EQ(run.Status, 0) << run.Err;
-        const QJsonObject line = run.Json();
-        EXPECT_EQ(line["Lat1"].toDouble(99.0), expected[0]);
-        EXPECT_EQ(line["Long1"].toDouble(999.0), expected[1]);
-        EXPECT_EQ(line["Course"].toDouble(), 270.0);
-        EXPECT_EQ(line["Distance"].toDouble(), expected[2]);
-    }
+    const std::string direct = "rhumb direct --ellipsoid 0 ";
+    ExpectJson(direct + "-8.5 -1e-05 -90 -.5", 0, R"({"Lat1":-8.5, "Long1":-1e-05, "Course":270, "Distance":-0.5})", 0);
+    ExpectJson(direct + "+8.5 +.25 270 -1E+2", 0, R"({"Lat1":8.5, "Long1":0.25, "Course":270, "Distance":-100})", 0);
+    ExpectJson(direct + "-0 -179.5 27. -5e-1", 0, R"({"Lat1":0, "Long1":-179.5, "Course":27, "Distance":-0.5})", 0);
 }
 
 TEST(CliUsage, OptionsStandAnywhere)
 {
-    const Words words{"rhumb", "inverse", "-.5", "-8.5", "-1e-05", "8.5"};
-    const std::string expected = RunCli(Plus(words, {"--json", "--ellipsoid", "15"})).Out;
-    EXPECT_NE(expected, RunCli(Plus(words, {"--json"})).Out); // the sphere is another Earth
-    for (std::size_t place = 0; place <= words.size(); ++place)
-        for (const Words& options : {Words{"--json", "--ellipsoid", "15"}, Words{"--ellipsoid=15", "--json"}}) {
-            Words all = words;
-            all.insert(all.begin() + static_cast<std::ptrdiff_t>(place), options.begin(), options.end());
-            SCOPED_TRACE(Shown(all));
-            EXPECT_EQ(RunCli(all).Out, expected);
+    const std::string line = "rhumb inverse -.5 -8.5 -1e-05 8.5";
+    const std::string sphere = RunCli(line + " --json --ellipsoid 15").Out;
+    const std::string usual = RunCli(line + " --json").Out;
+    EXPECT_NE(sphere, usual);
+    EXPECT_EQ(RunCli(line + " --json --ellipsoid 19").Out, usual);
+    for (std::size_t gap = 0; gap != std::string::npos; gap = line.find(' ', gap + 1))
+        for (const std::string options : {"--json --ellipsoid 15", "--ellipsoid=15 --json"}) {
+            const std::string words = line.substr(0, gap) + (gap == 0 ? options + " " : " " + options);
+            EXPECT_EQ(RunCli(words + line.substr(gap)).Out, sphere) << words;
         }
-    EXPECT_EQ(RunCli(Plus(words, {"--json", "--ellipsoid", "19"})).Out, RunCli(Plus(words, {"--json"})).Out);
 }
 
 TEST(CliUsage, FilesMayBeCalledLikeCommandsAndNumbers)
 {
     const ScratchFolder scratch;
-    const std::string bytes = ReadBytes(Sample("two_sights.obs"));
     for (const std::string name : {"fix", "rhumb", "-8.5"}) {
-        scratch.Write(name, bytes);
-        EXPECT_EQ(RunCliAfter("cd " + scratch.Path().string(), {"fix", name}).Status, 0) << name;
+        scratch.Write(name, ReadBytes("two_sights.obs"));
+        EXPECT_EQ(RunCli("fix " + name, "cd " + scratch.File("")).Status, 0) << name;
     }
+}
+
+TEST(CliUsage, ResultsHaveTheKeysOfTheirCommandWhateverHappens)
+{
+    const std::string fix = "Boxes CircleRadius Course EllipseEW EllipseNS EstLat EstLong GoodObsCount IterCount "
+                            "NumUnknowns ObsCount Observations OrigCourse OrigSpeed Panels Probability Speed StdDev "
+                            "SystErr TimeEstPos TimeTruePos TrueLat TrueLong";
+    const std::string place = "Boxes Declination Distance EclLatitude EclLongitude ";
+    const std::string line = "Boxes Course Distance ";
+    const std::string noFile = R"({"Boxes":[" File access error|The file name doesn't exist. Try again."]})";
+    const std::string refused = R"({"Boxes":[" Error in nautical routine|..."]})";
+    const struct {
+        std::string Words;
+        int Status;
+        std::string Keys, Expected = "{}";
+    } rows[] = {
+        {"fix evening_stars.obs", 0, fix},
+        {"fix nosuch.obs", 1, fix, noFile},
+        {"convert nosuch.obs /nosuch/out.obs", 1, "Boxes", noFile},
+        {"body VEGA 2004-05-21~18:00:00", 0, place + "GHA HelioDistance Magnitude"},
+        {"body vega 2004-05-21~18:00:00", 1, place + "Error GHA HelioDistance Magnitude"},
+        {"bodies 2004-05-21~18:00:00", 0, "Bodies Boxes"},
+        {"sun 50 0 2004-06-21 10", 0, "Boxes SunEvents"},
+        {"rhumb direct 1 2 3 4", 0, line + "Lat1 Lat2 Long1 Long2"},
+        {"rhumb to-latitude 40 -10 45 40", 1, line + "Lat1 Lat2 Long1 Long2", refused},
+        {"rhumb to-longitude 40 -10 0 20", 1, line + "Error Lat1 Lat2 Long1 Long2"},
+    };
+    for (const auto& [words, status, keys, expected] : rows)
+        EXPECT_EQ(Keys(ExpectJson(words, status, expected)), keys) << words;
 }
 
 TEST(CliUsage, ResultsThatCannotBeWrittenAreNoSuccess)
 {
-    EXPECT_EQ(RunCliAfter("exec >/dev/full", {"bodies", Evening}).Status, 1);
+    ExpectText("bodies 2004-05-21~18:00:00", 1, "", "could not be written", "exec >/dev/full");
 }
 
 } // namespace

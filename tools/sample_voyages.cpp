@@ -1,4 +1,4 @@
-#include "samples/voyages.h"
+#include "tools/sample_voyages.h"
 
 #include "ephemeris/time_lib.h"
 
@@ -204,18 +204,6 @@ const Voyage& VoyageOf(const std::string& file)
 double TimeOf(const char* text)
 {
     return ephemeris::ParseIsoDateTime(text).value();
-}
-
-test::Ship ShipOf(const Voyage& voyage)
-{
-    return {voyage.At, TimeOf(voyage.TimeTruePos), voyage.Course, voyage.Speed};
-}
-
-numeric::GeoPosition PositionAt(const Voyage& voyage, double time)
-{
-    const test::Ship ship = ShipOf(voyage);
-    const numeric::GeoPosition at = test::TrackPosition(ship, (time - ship.Time) * 24.0);
-    return {at.Latitude, std::remainder(at.Longitude, 360.0)};
 }
 
 } // namespace merov::samples

@@ -2,11 +2,15 @@
 /// the sights of ships whose position and motion are known, worked backwards to what the sextant
 /// shows. Usage: merov_make_samples FOLDER
 
+#include "ephemeris/astro_lib.h"
 #include "ephemeris/time_lib.h"
+#include "fix/nautical_lib.h"
 #include "fix/observation_file.h"
 #include "numeric/inout_lib.h"
-#include "samples/voyages.h"
+#include "sailing/ellipsoid.h"
+#include "tools/sample_voyages.h"
 
+#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -38,11 +42,11 @@ fix::SightSession SessionOf(const Entries& typed, const char* timeTruePos, int n
     s.TimeTruePos = TimeOf(timeTruePos);
     s.OrigCourse = typed.Course;
     s.OrigSpeed = typed.Speed;
-    s.HeightOfEye = typed.Weather.HeightOfEye;
+    s.HeightOfEye = typed.Sky.HeightOfEye;
     s.DefaultInstCorr = typed.InstCorr;
-    s.AirTemp = typed.Weather.AirTemp;
-    s.WaterTemp = typed.Weather.WaterTemp;
-    s.Pressure = typed.Weather.Pressure;
+    s.AirTemp = typed.Sky.AirTemp;
+    s.WaterTemp = typed.Sky.WaterTemp;
+    s.Pressure = typed.Sky.Pressure;
     fix::AllocateObservations(s, n);
     for (int i = 1; i <= n; ++i)
         s.ObsInstCorr[i] = typed.InstCorr / MinutesPerDegree;
@@ -61,27 +65,46 @@ fix::SightSession Entered(const PublishedSet& set)
     return s;
 }
 
-/// What the sextant shows, to a tenth of a minute: the altitude from where the ship is, with all
-/// corrections undone, with the error that nobody knows of and with the slip of the reading.
-double SextantReading(const Voyage& voyage, const MadeSight& sight)
+/// Sets the altitudes that show each body where it stands: all corrections undone by trial.
+void UndoCorrections(fix::SightSession& s)
 {
-    const double time = TimeOf(sight.Time);
-    ephemeris::BodyPosition body;
-    ephemeris::ComputeBodyPosition(sight.Body, time, body);
-    const double trueAltitude = test::LookAt(PositionAt(voyage, time), body).Altitude;
-    const double apparent = test::InstrumentAltitude(trueAltitude, sight.Body, body.Distance, voyage.Typed.Weather);
-    const double minutes = apparent * MinutesPerDegree - voyage.Typed.InstCorr + voyage.SystErr + sight.Slip;
-    return std::round(minutes * 10.0) / 10.0 / MinutesPerDegree;
+    for (int trial = 0; trial < 50; ++trial) {
+        fix::CorrectAltitudes(s.ObsCount, s.HeightOfEye, s.AirTemp, s.WaterTemp, s.Pressure, s.ObsLat, s.ObsLong,
+                              s.ObsBody, s.ObsAltitude, s.ObsInstCorr, s.ObsDist, s.ObsDec, s.ObsGHA, s.ObsHo, s.ObsHc,
+                              s.ObsIntercept);
+        for (int i = 1; i <= s.ObsCount; ++i)
+            s.ObsAltitude[i] -= s.ObsIntercept[i];
+    }
 }
 
+/// The sights as the sextant shows them from where the ship then is, to a tenth of a minute: with the
+/// error that nobody knows of and with the slip of the reading.
 fix::SightSession Taken(const Voyage& voyage)
 {
     fix::SightSession s = SessionOf(voyage.Typed, voyage.TimeTruePos, static_cast<int>(voyage.Sights.size()));
+    s.ObsTime[0] = s.TimeTruePos;
+    s.ObsLat[0] = voyage.At.Latitude;
+    s.ObsLong[0] = voyage.At.Longitude;
     int i = 0;
     for (const MadeSight& sight : voyage.Sights) {
+        ephemeris::BodyPosition body;
         s.ObsTime[++i] = TimeOf(sight.Time);
         s.ObsBody[i] = sight.Body;
-        s.ObsAltitude[i] = SextantReading(voyage, sight);
+        ephemeris::ComputeBodyPosition(sight.Body, s.ObsTime[i], body);
+        s.ObsGHA[i] = body.GHA;
+        s.ObsDec[i] = body.Declination;
+        s.ObsDist[i] = body.Distance;
+        s.ObsAltitude[i] = 45.0; // where the trials start
+    }
+    numeric::Vector approxLat(1, s.ObsCount);
+    const sailing::EarthModel earth = sailing::EllipsoidAt(sailing::DefaultEllipsoidIndex);
+    fix::RunPositions(s.ObsCount, voyage.Course, voyage.Speed, s.ObsTime, s.ObsLat, s.ObsLong, approxLat,
+                      earth.InverseFlattening, earth.SemiMajorAxisNm);
+    UndoCorrections(s);
+    for (i = 1; i <= s.ObsCount; ++i) {
+        const double slip = voyage.Sights[static_cast<std::size_t>(i - 1)].Slip;
+        const double minutes = s.ObsAltitude[i] * MinutesPerDegree + voyage.SystErr + slip;
+        s.ObsAltitude[i] = std::round(minutes * 10.0) / 10.0 / MinutesPerDegree;
     }
     return s;
 }

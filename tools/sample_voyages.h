@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fix/synthetic_sights.h"
+#include "numeric/math_lib.h"
 
 #include <string>
 #include <vector>
@@ -18,6 +18,14 @@ struct PublishedSight {
     double Altitude; ///< instrument altitude, degrees
 };
 
+/// The weather and the eye of the observer: metres, degrees Celsius of air and water, millibars.
+struct Weather {
+    double HeightOfEye;
+    double AirTemp;
+    double WaterTemp;
+    double Pressure;
+};
+
 /// A sight that a ship took. `Slip` is a blunder in the reading, minutes of arc, positive for too high.
 struct MadeSight {
     const char* Time;
@@ -31,7 +39,7 @@ struct Entries {
     numeric::GeoPosition EstPos; ///< to a tenth of a minute
     double Course;
     double Speed;
-    test::Conditions Weather;
+    Weather Sky;
     double InstCorr; ///< of all sights, minutes of arc
 };
 
@@ -65,11 +73,5 @@ const Voyage& VoyageOf(const std::string& file);
 
 /// The date-time of "YYYY-MM-DD HH:MM:SS".
 double TimeOf(const char* text);
-
-/// The ship of a voyage, for the routines that look from her track.
-test::Ship ShipOf(const Voyage& voyage);
-
-/// Where she is at a date-time, longitude -180..180.
-numeric::GeoPosition PositionAt(const Voyage& voyage, double time);
 
 } // namespace merov::samples
