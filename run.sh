@@ -8,7 +8,7 @@ cd "$(dirname "$0")"
 here=$PWD
 
 scripts/install_packages.sh run
-cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DMEROV_TESTS=OFF >/dev/null
+cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DMEROV_TESTS=OFF -DMEROV_DESKTOP=OFF >/dev/null
 cmake --build build/run >&2
 
 tool=$here/build/run/bin/merov-cli

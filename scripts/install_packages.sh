@@ -7,7 +7,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build qt6-base-dev libcli11-dev)
 case "${1:-}" in
 run) ;;
-test) packages+=(pkg-config libgtest-dev libbenchmark-dev liberfa-dev libnova-dev libgeographiclib-dev) ;;
+test) packages+=(pkg-config libgtest-dev libbenchmark-dev fonts-liberation liberfa-dev libnova-dev libgeographiclib-dev) ;;
 fuzz) packages=(cmake ninja-build clang) ;;
 *)
     echo "usage: $0 run|test|fuzz" >&2
