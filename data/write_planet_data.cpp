@@ -22,9 +22,24 @@ struct Block {
     int terms;
 };
 
-constexpr std::array<Block, 18> Blocks{{{"L0", 500}, {"L1", 350}, {"L2", 321}, {"L3", 148}, {"L4", 68}, {"L5", 27},
-                                        {"B0", 300}, {"B1", 260}, {"B2", 111}, {"B3", 58},  {"B4", 26}, {"B5", 11},
-                                        {"R0", 500}, {"R1", 350}, {"R2", 342}, {"R3", 157}, {"R4", 64}, {"R5", 28}}};
+constexpr std::array<Block, 18> Blocks{{{"L0", 500},
+                                        {"L1", 350},
+                                        {"L2", 321},
+                                        {"L3", 148},
+                                        {"L4", 68},
+                                        {"L5", 27},
+                                        {"B0", 300},
+                                        {"B1", 260},
+                                        {"B2", 111},
+                                        {"B3", 58},
+                                        {"B4", 26},
+                                        {"B5", 11},
+                                        {"R0", 500},
+                                        {"R1", 350},
+                                        {"R2", 342},
+                                        {"R3", 157},
+                                        {"R4", 64},
+                                        {"R5", 28}}};
 
 void AppendLittleEndian(std::string& bytes, double value)
 {
@@ -65,7 +80,8 @@ int main(int argc, char** argv)
     for (const Block& block : Blocks) {
         for (int term = 1; term <= block.terms; ++term) {
             if (!std::getline(table, line) || !AppendTerm(line, block.name, bytes)) {
-                std::cerr << argv[1] << ": term " << term << " of block " << block.name << " is missing or unreadable\n";
+                std::cerr << argv[1] << ": term " << term << " of block " << block.name
+                          << " is missing or unreadable\n";
                 return 1;
             }
         }
