@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -29,12 +28,12 @@ const Floors Core{"numeric", "ephemeris", "sailing", "fix", "planning"};
 /// The names that a source includes, as they are written.
 std::set<std::string> Includes(const std::filesystem::path& source)
 {
-    static const std::regex include("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]");
+    const std::string directive = "#include ";
     std::set<std::string> names;
     std::ifstream file(source);
-    std::smatch match;
     for (std::string line; std::getline(file, line);)
-        if (std::regex_search(line, match, include)) names.insert(match[1]);
+        if (line.starts_with(directive) && line.size() > directive.size() + 2)
+            names.insert(line.substr(directive.size() + 1, line.find_last_of(">\"") - directive.size() - 1));
     return names;
 }
 
