@@ -138,8 +138,8 @@ double TimeSpreadHours(const SightSession& session)
     if (session.ObsCount == 0) return 0.0;
     const double days =
         numeric::MaxOf(session.ObsTime, 1, session.ObsCount) - numeric::MinOf(session.ObsTime, 1, session.ObsCount);
-    // Sights are timed to the second. The difference of two date-times is off by up to a microsecond,
-    // which would let a spread of just 3 hours count as more at some times of day.
+    // Sights are timed to the second. Times from files and entries differ exactly; a time that carries
+    // a rounding of its own must not let a spread of just 3 hours count as more.
     return std::round(days * 86400.0) / 3600.0;
 }
 

