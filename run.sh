@@ -1,21 +1,25 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the program and runs it. The program that stands so far is the
-# command line tool: without arguments this computes the sample session and prints its report, and
-# with arguments it hands them to merov-cli.
+# Installs what is missing, builds the program and runs it. The path of an observation file opens the
+# program on that file; other words go to the command line tool merov-cli. Where there is no display the
+# sample session (or the file) is computed instead and its report printed.
 set -euo pipefail
 invoked_from=$PWD
 cd "$(dirname "$0")"
 here=$PWD
 
 scripts/install_packages.sh run
-cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DMEROV_TESTS=OFF -DMEROV_DESKTOP=OFF >/dev/null
+cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DMEROV_TESTS=OFF >/dev/null
 cmake --build build/run >&2
 
-tool=$here/build/run/bin/merov-cli
-if [ $# -gt 0 ]; then
-    cd "$invoked_from"
-    exec "$tool" "$@"
+programs=$here/build/run/bin
+cd "$invoked_from"
+if [ $# -gt 0 ] && [ ! -f "$1" ]; then
+    exec "$programs/merov-cli" "$@"
 fi
-echo "Merov has no window yet; this is the sample session $here/data/Observations/evening_stars.obs."
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
+    exec "$programs/merov" "$@"
+fi
+session=${1:-$here/data/Observations/evening_stars.obs}
+echo "There is no display to show Merov's window on; this is the fix of the session $session."
 echo
-exec "$tool" fix "$here/data/Observations/evening_stars.obs"
+exec "$programs/merov-cli" fix "$session"

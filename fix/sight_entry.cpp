@@ -148,16 +148,21 @@ bool ReadRow(const GridRow& row, Sight& sight)
     return true;
 }
 
+/// The number of a row's cells that hold a committed value.
+std::size_t FilledCells(const GridRow& row)
+{
+    return static_cast<std::size_t>(std::count(row.Flag.begin(), row.Flag.end(), true));
+}
+
 /// Rows from the first to the one before an empty row, at least 1; 0 after the box of a row with
 /// missing cells. The cells of the first row are looked at when they are converted.
 int CountRows(const SightEntry& entry)
 {
     int count = 1;
     for (; count < entry.Rows.Upper(); ++count) {
-        const auto& flags = entry.Rows[count + 1].Flag;
-        const auto filled = std::count(flags.begin(), flags.end(), true);
+        const std::size_t filled = FilledCells(entry.Rows[count + 1]);
         if (filled == 0) break;
-        if (filled < static_cast<long>(GridColumnCount)) {
+        if (filled < GridColumnCount) {
             numeric::ShowWarning("Missing data", {"Some data are missing or incorrect in the grid."});
             return 0;
         }
@@ -262,6 +267,33 @@ EntryVerdict CommitCell(SightEntry& entry, int row, GridColumn column, std::stri
         cells.Flag[static_cast<std::size_t>(GridColumn::Correction)] = true;
     }
     return result.Verdict;
+}
+
+void ClearCell(SightEntry& entry, int row, GridColumn column)
+{
+    GridRow& cells = entry.Rows[row];
+    cells[column].clear();
+    cells.Flag[static_cast<std::size_t>(column)] = false;
+    if (FilledCells(cells) == 0)
+        numeric::ShowInformation("Row empty",
+                                 {"If you want to delete the entire row,", "please use <Control> <Delete>."});
+}
+
+void RemoveRow(SightEntry& entry, int row)
+{
+    for (int below = row + 1; below <= entry.Rows.Upper(); ++below)
+        entry.Rows[below - 1] = std::move(entry.Rows[below]);
+    entry.Rows[entry.Rows.Upper()] = GridRow();
+}
+
+bool CheckRowFull(const SightEntry& entry, int row)
+{
+    const GridRow& cells = entry.Rows[row];
+    const bool isFull = FilledCells(cells) == GridColumnCount;
+    const bool isBegun = cells.Flag[0] || cells.Flag[1] || cells.Flag[2];
+    if (isFull || !isBegun) return true;
+    numeric::ShowInformation("Row not fully filled", {"Data missing for the observation " + std::to_string(row) + "."});
+    return false;
 }
 
 bool CheckInputFlags(const SightEntry& entry)

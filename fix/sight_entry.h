@@ -106,6 +106,20 @@ void LeaveTimeTruePos(SightEntry& entry, SightSession& session);
 ///         for a masked editor without a digit: nothing changes
 EntryVerdict CommitCell(SightEntry& entry, int row, GridColumn column, std::string_view text);
 
+/// Empties a cell: no text, flag off. A row that holds no value any more brings the box "Row empty".
+/// @param row  1..the last row
+void ClearCell(SightEntry& entry, int row, GridColumn column);
+
+/// Takes a row out of the grid: the rows below it move up with their texts and flags, gaps among them
+/// included, and the last row is empty.
+/// @param row  1..the last row
+void RemoveRow(SightEntry& entry, int row);
+
+/// Checks a row that the user goes away from; one that has been begun and lacks a value brings the box
+/// "Row not fully filled". A correction alone, which fills itself, begins none.
+/// @param row  1..the last row
+bool CheckRowFull(const SightEntry& entry, int row);
+
 /// Checks that all required entries have been made; if not, shows the box "Missing data".
 bool CheckInputFlags(const SightEntry& entry);
 

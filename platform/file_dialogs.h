@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -12,9 +13,10 @@ namespace merov::platform
 /// What a dialog for a file starts from.
 struct FileQuestion {
     QString Title;
-    QString Folder;    ///< shown first; where it doesn't exist, the user's own folder
-    QString FileName;  ///< proposed name without a folder, may be empty
-    QString Extension; ///< "obs": the files shown, and what a name typed for saving without an extension gets
+    QString Folder;       ///< shown first; where it doesn't exist, the user's own folder
+    QString FileName;     ///< proposed name without a folder, may be empty
+    QString Extension;    ///< "obs": the files shown, and what a name typed for saving without an extension gets
+    QStringList Places{}; ///< folders offered at the side, beside the user's own and the documents
 };
 
 /// The dialogs in which the user chooses a file. A cancel gives nothing.

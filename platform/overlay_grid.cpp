@@ -4,7 +4,6 @@
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -184,6 +183,7 @@ void OverlayGrid::OpenEditor(QWidget* editor)
     editor->setGeometry(visualRect(currentIndex()).adjusted(-1, -1, 1, 1));
     editor_ = editor;
     editorCell_ = Current();
+    ++openings_;
     editor->raise();
     editor->show();
     editor->setFocus();
@@ -292,18 +292,17 @@ bool OverlayGrid::EditorKey(QWidget* editor, const QKeyEvent& event)
 }
 
 /// Gives the focus to the grid, whose owner may then commit the editor and let events run. False when
-/// meanwhile another cell was opened: what was to follow is out of date.
+/// meanwhile an editor was opened: what was to follow is out of date.
 bool OverlayGrid::LeaveEditor()
 {
-    const GridCell left = editorCell_;
+    const int left = openings_;
     setFocus();
-    return editor_ == nullptr || editorCell_ == left;
+    return openings_ == left;
 }
 
 void OverlayGrid::StepRow(int step)
 {
     if (!LeaveEditor()) return;
-    QCoreApplication::processEvents();
     const GridCell current = Current();
     const int row = current.Row + step;
     if (row >= 1 && row < Rows()) GoTo(row, current.Column);

@@ -78,7 +78,11 @@ public:
         {
             grid.setUpdatesEnabled(false);
         }
-        ~RedrawOff() { grid_.setUpdatesEnabled(former_); }
+        ~RedrawOff()
+        {
+            grid_.executeDelayedItemsLayout(); // it would come after the first painting and bring another
+            grid_.setUpdatesEnabled(former_);
+        }
         RedrawOff(const RedrawOff&) = delete;
         RedrawOff& operator=(const RedrawOff&) = delete;
 
@@ -152,6 +156,7 @@ private:
     std::vector<QWidget*> editors_;
     QWidget* editor_ = nullptr;
     GridCell editorCell_;
+    int openings_ = 0;   ///< of editors so far
     bool quiet_ = false; ///< the grid is changed by itself: changes of the current cell aren't told
 };
 

@@ -163,6 +163,32 @@ TEST_F(SightEntryTest, CommittedCells)
     EXPECT_EQ(entry.Rows[2].Flag, (std::array<bool, 4>{})) << "no half row appears";
 }
 
+TEST_F(SightEntryTest, RowsAreClearedRemovedAndChecked)
+{
+    FillRow(1, "first", "VEGA", "", "");
+    FillRow(2, "second", "MARS", "35°15'.0");
+    FillRow(4, "behind a gap", "", "", "");
+    FillRow(49, "last", "", "", "");
+    entry.Rows[2].Flag[2] = false;
+    EXPECT_FALSE(CheckRowFull(entry, 2));
+    EXPECT_EQ(boxes.TakeOne(), "Row not fully filled|Data missing for the observation 2.");
+    EXPECT_TRUE(CheckRowFull(entry, 1) && CheckRowFull(entry, 3));
+
+    RemoveRow(entry, 1);
+    EXPECT_EQ(entry.Rows[1][GridColumn::Time] + entry.Rows[3][GridColumn::Time], "secondbehind a gap");
+    EXPECT_EQ(entry.Rows[1].Flag, (std::array{true, true, false, true}));
+    EXPECT_TRUE(entry.Rows[3].Flag[0] && entry.Rows[48].Flag[0]);
+    EXPECT_EQ(entry.Rows[49].Flag, (std::array<bool, 4>{}));
+    EXPECT_EQ(entry.Rows[49][GridColumn::Time], "");
+
+    ClearCell(entry, 1, GridColumn::Time);
+    ClearCell(entry, 1, GridColumn::Body);
+    EXPECT_TRUE(CheckRowFull(entry, 1)) << "a correction alone begins no row";
+    ClearCell(entry, 1, GridColumn::Correction);
+    EXPECT_EQ(boxes.TakeOne(), "Row empty|If you want to delete the entire row,|please use <Control> <Delete>.");
+    EXPECT_EQ(entry.Rows[1].Text, (std::array<std::string, 4>{"", "", "35°15'.0", ""}));
+}
+
 TEST_F(SightEntryTest, GridIsReadUpToTheFirstEmptyRow)
 {
     FillRow(1, "21 May 2004 18:00:00", "VEGA", "35°15'.0", "-02.50");

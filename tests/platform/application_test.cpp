@@ -1,4 +1,5 @@
 #include "platform/application.h"
+#include "support/qt_text.h"
 
 #include "platform/masked_edit.h"
 #include "platform/message_boxes.h"

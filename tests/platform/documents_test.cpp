@@ -1,4 +1,5 @@
 #include "platform/rtf_reader.h"
+#include "support/qt_text.h"
 
 #include <QImage>
 #include <QTextBlock>

@@ -1,4 +1,5 @@
 #include "platform/file_dialogs.h"
+#include "support/qt_text.h"
 
 #include "numeric/message_box.h"
 
@@ -106,6 +107,21 @@ TEST_F(FileDialogsTest, OpensAnExistingFileWithoutAQuestion)
         TypeName(dialog, "21May04A.obs");
     });
     EXPECT_EQ(dialogs.AskOpen(Question()), folder.filePath("21May04A.obs"));
+}
+
+TEST_F(FileDialogsTest, OffersPlacesThatOtherDialogsDoNotKeep)
+{
+    FileQuestion question = Question();
+    question.Places = QStringList{folder.path(), folder.filePath("gone")};
+    const QUrl place = QUrl::fromLocalFile(folder.path());
+    Then([place](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.sidebarUrls().front(), QUrl::fromLocalFile(QDir::homePath()));
+        EXPECT_EQ(dialog.sidebarUrls().back(), place);
+    });
+    dialogs.AskOpen(question);
+    QFileDialog other;
+    other.setOption(QFileDialog::DontUseNativeDialog);
+    EXPECT_FALSE(other.sidebarUrls().contains(place));
 }
 
 TEST_F(FileDialogsTest, AFolderThatIsMissingGivesWayToTheUsersOwn)

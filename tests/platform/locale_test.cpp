@@ -1,4 +1,5 @@
 #include "platform/locale.h"
+#include "support/qt_text.h"
 
 #include "ephemeris/time_lib.h"
 #include "numeric/inout_lib.h"

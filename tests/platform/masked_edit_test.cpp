@@ -1,4 +1,5 @@
 #include "platform/masked_edit.h"
+#include "support/qt_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

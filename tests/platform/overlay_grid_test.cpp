@@ -1,4 +1,5 @@
 #include "platform/overlay_grid.h"
+#include "support/qt_text.h"
 
 #include "ephemeris/time_lib.h"
 #include "platform/system_clock.h"

@@ -1,4 +1,5 @@
 #include "platform/rich_text_box.h"
+#include "support/qt_text.h"
 
 #include <QApplication>
 #include <QFile>

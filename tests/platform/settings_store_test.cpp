@@ -1,4 +1,5 @@
 #include "platform/settings_store.h"
+#include "support/qt_text.h"
 
 #include <QFile>
 #include <QStandardPaths>

@@ -1,4 +1,5 @@
 #include "platform/status_panels.h"
+#include "support/qt_text.h"
 
 #include <QFrame>
 #include <QTest>

@@ -1,4 +1,5 @@
 #include "platform/tab_strip.h"
+#include "support/qt_text.h"
 
 #include "platform/masked_edit.h"
 

@@ -1,4 +1,5 @@
 #include "platform/time_picker.h"
+#include "support/qt_text.h"
 
 #include "ephemeris/time_lib.h"
 

@@ -1,4 +1,5 @@
 #include "platform/tool_bar.h"
+#include "support/qt_text.h"
 
 #include <QLineEdit>
 #include <QTest>

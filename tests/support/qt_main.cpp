@@ -4,12 +4,6 @@
 
 #include <gtest/gtest.h>
 
-/// Lets a failed comparison show a text of Qt. It must stand in the global namespace to be found.
-void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
 /// All controls run without a screen, in English and UTC, with settings that end with the run.
 int main(int argc, char** argv)
 {

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/fix_input.h"
+#include "platform/masked_edit.h"
+#include "platform/spin_button.h"
+
+#include <array>
+
+namespace merov::app
+{
+
+/// The masked fields of the input tabs: makes their controls, runs their rules when the focus comes and
+/// goes, and mirrors what stands in the entries. A text that is typed stands in its entry at once; what
+/// it means is settled when the field is left.
+class EntryFieldsView
+{
+public:
+    /// @param input  must outlive this object, and this object the controls that it makes
+    explicit EntryFieldsView(FixInput& input);
+
+    /// Makes the control of a field of the input tabs, once for each. The caller places it.
+    platform::MaskedEdit* MakeEdit(fix::EntryField field, const QString& toolTip = {});
+
+    /// Makes the spin button of a field whose control has been made. The arrow keys in the field step too.
+    platform::SpinButton* MakeSpin(fix::EntryField field, const QString& name);
+
+    platform::MaskedEdit& Edit(fix::EntryField field);
+
+    /// Gives all fields their masks, with the decimal separator in force.
+    void InstallMasks();
+
+    /// Shows all texts and colours of the entries.
+    void ShowEntries();
+
+    /// The leave handler of a field, see fix::LeaveField. After a refusal the field takes the focus back,
+    /// if it is in view; latitude and longitude leave that to their OnLeave, which refuses.
+    fix::EntryVerdict LeaveField(fix::EntryField field);
+
+    /// One step of a field's spin button.
+    void StepField(fix::EntryField field, bool up);
+
+    /// Puts the blank text into a field, takes its flag off and gives it the focus. The session keeps
+    /// its value.
+    void EraseField(fix::EntryField field, fix::InputFlag flag);
+
+private:
+    void EnterField(fix::EntryField field);
+    void Mirror(fix::EntryField field);
+    void MirrorWithTwin(fix::EntryField field);
+
+    FixInput& input_;
+    std::array<platform::MaskedEdit*, fix::EntryFieldCount> edits_{}; ///< by EntryField
+};
+
+} // namespace merov::app

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "app/commands.h"
+#include "app/fix_input.h"
+#include "app/public.h"
+#include "app/screen_states.h"
+
+#include <QMainWindow>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace merov::platform
+{
+class FileDialogs;
+class HelpWindow;
+class Printers;
+class SettingsStore;
+class StatusPanels;
+} // namespace merov::platform
+
+namespace merov::app
+{
+
+class FrmEnd;
+class FrmSplash;
+class FrmTimeStore;
+class MainMenu;
+class MainSurfaces;
+class MainToolBars;
+class ObservationFiles;
+class TabIn;
+class TabOptions;
+
+/// What the main window needs of the world around it; tests bring their own.
+struct Surroundings {
+    platform::SettingsStore& Settings;
+    platform::Printers& Printers;
+    platform::FileDialogs* Files = nullptr;         ///< null: the dialogs on the screen
+    QString AppPath;                                ///< folder of the executable
+    QString Documents;                              ///< the user's documents
+    std::function<bool(const QString&)> CanWrite{}; ///< whether files can be made in a folder; empty: asks the system
+    std::chrono::milliseconds SplashTime{4400};     ///< how long the splash stands without a click
+};
+
+/// The main window. It owns the surfaces and what they share, and carries the commands out; what each
+/// command shows and hides stands in screen_states.
+class FrmWorking : public QMainWindow, private Screens
+{
+public:
+    /// @param surroundings  what it refers to must outlive the window
+    explicit FrmWorking(const Surroundings& surroundings);
+    ~FrmWorking() override;
+
+    /// The whole start-up in its order: place and size of the window, tool bar, splash, tables, observation
+    /// file of the command line; then shows the window.
+    void StartUp(const QString& commandLine);
+
+    FixInput& Input() { return input_; }
+    const ProgramTables& Tables() const { return tables_; }
+
+    /// Runs a command as its menu entry or button does: a fault in it brings a box, and nothing leaves it.
+    void Run(Command command);
+
+    // The commands, by the names of their menu entries and buttons.
+    void mnuFilePageSetup();
+    void mnuFileQuit();
+    void mnuAstroEnter();
+    void mnuAstroLoad();
+    void mnuAstroCorrect();
+    void mnuAstroSave();
+    void mnuAstroErase();
+    void mnuOptionsTab();
+    void mnuHelpManual();
+    void mnuHelpAbout();
+    void cmdLoadObs();
+    void cmdEraseObs();
+    void cmdNumRes();
+    void cmdGraphRes();
+    void cmdChronoF5();
+    void cmdEndTabOptions();
+    void bthMain();
+    void bthBackStarFix();
+
+    /// "C&ancel" on a tab of the input, 0..2: back to results in view, else to the main screen. Index -1
+    /// leads to the main screen always.
+    void cmdCancel(int index);
+
+    void ShowMainScreen();
+
+    /// Fills the panels of the status bar from the finished fix and shows them.
+    void ShowFixSummary();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // What carries out the rows of the table of screens.
+    void SetVisible(Surface surface, bool visible) override;
+    bool IsVisible(Surface surface) const override;
+    void SetEnabled(Menu menu, bool enabled) override;
+    void ShowBar(Bar bar) override;
+    Bar ShownBar() const override;
+    void SetBarEnabled(bool enabled) override;
+
+    void BuildStatusBar();
+    void BuildShortcuts();
+    void ConnectTabs();
+    void PlaceWindow();
+    void InitProgramTables();
+    void LoadDocuments();
+    void Change(Transition transition);
+    void Guarded(const std::function<void()>& command);
+    void FocusSurface();
+    void FocusInput();
+    static void FocusFirst(QWidget& surface);
+    void ParkFocus();
+    bool LeaveEditedField();
+    bool ComputeFix();
+    bool UserEnds(bool unlessNo);
+    void CloseForms();
+
+    Surroundings surroundings_;
+    ProgramTables tables_;
+    FixInput input_;
+    MainSurfaces* surfaces_;
+    platform::StatusPanels* staNumDisp_;
+    TabIn* tabIn_;
+    TabOptions* tabOptions_;
+    std::unique_ptr<MainMenu> menu_;
+    MainToolBars* toolBars_ = nullptr;
+    FrmTimeStore* frmTimeStore_;
+    FrmEnd* frmEnd_;
+    FrmSplash* frmSplash_ = nullptr;       ///< made by start-up
+    platform::HelpWindow* help_ = nullptr; ///< made when it is first wanted
+    std::unique_ptr<platform::FileDialogs> ownDialogs_;
+    std::unique_ptr<ObservationFiles> files_;
+    QString startFile_;         ///< loaded without a dialog by the next load
+    bool astroStarted_ = false; ///< the input has been erased for the first time
+    bool ending_ = false;       ///< the program closes its windows itself
+};
+
+} // namespace merov::app

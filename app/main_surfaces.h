@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/commands.h"
+#include "app/screen_states.h"
+#include "platform/tool_bar.h"
+
+#include <QWidget>
+
+#include <map>
+
+namespace merov::platform
+{
+class RichTextBox;
+}
+
+namespace merov::app
+{
+
+class MainToolBars;
+
+/// The area of the main window between its menus and the status bar: the surfaces on top of each other and the tool
+/// bars at the left edge. It knows where each of them stands; which of them show, others tell.
+class MainSurfaces : public QWidget
+{
+public:
+    explicit MainSurfaces(QWidget* parent);
+
+    /// Puts a tool bar edge and the four picture buttons of the main screen in place.
+    void AddToolBars(MainToolBars* bars);
+    void AddPictures(const CommandRunner& runner);
+
+    /// Puts in a surface of its own size, which is kept in the middle.
+    void AddTab(Surface surface, QWidget* tab);
+
+    void SetVisible(Surface surface, bool visible);
+
+    /// Whether a surface is shown, also while the window itself is not yet.
+    bool IsShown(Surface surface) const;
+
+    /// Where a surface is to be; null for one that the program doesn't have.
+    QWidget* Find(Surface surface) const;
+
+    platform::RichTextBox& NumericReport() { return *rtfNumDisp_; }
+    platform::RichTextBox& SailingReport() { return *rtfCalcWP_; }
+
+    /// Puts a tab surface in the middle.
+    void CenterTab(Surface surface);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void Arrange();
+    void ArrangePictures();
+
+    std::map<Surface, QWidget*> surfaces_;
+    platform::RichTextBox* rtfNumDisp_;
+    platform::RichTextBox* rtfCalcWP_;
+    MainToolBars* toolBars_ = nullptr;
+};
+
+} // namespace merov::app

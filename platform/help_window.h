@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QString>
+#include <QStyle>
+
+#include <memory>
+
+class QToolBar;
+class QTreeWidget;
+class QUrl;
+
+namespace merov::platform
+{
+
+class ChmFile;
+
+/// The window that shows a compiled manual (".chm"): its table of contents at the left, a page at the
+/// right. Links lead within the manual only. Escape closes the window, and so does the end of its owner.
+class HelpWindow : public QMainWindow
+{
+public:
+    /// @param owner  the window it belongs to and closes with
+    explicit HelpWindow(QWidget* owner);
+    ~HelpWindow() override;
+
+    /// Opens a manual and brings the window forward. While it shows that manual already, the page in it
+    /// stays, unless one is asked for. A file that can't be read brings a box, and the window stays as
+    /// it was.
+    /// @param page  a path within the manual, perhaps with an anchor, "wizard.html#step2"; empty for
+    ///              the default topic. Of a page that is missing the window says so
+    void ShowTopic(const QString& file, const QString& page = {});
+
+    bool eventFilter(QObject* owner, QEvent* event) override;
+
+private:
+    class Browser;
+
+    void BuildControls();
+    QAction* AddCommand(QToolBar& bar, const QString& caption, const QKeySequence& key, QStyle::StandardPixmap picture,
+                        void (Browser::*command)());
+    bool OpenManual(const QString& file);
+    void FillContents();
+    void ShowPage(const QString& page);
+    void MarkContents(const QUrl& url);
+
+    QString file_; ///< path of the open manual
+    std::unique_ptr<ChmFile> manual_;
+    QTreeWidget* contents_;
+    Browser* browser_;
+};
+
+} // namespace merov::platform

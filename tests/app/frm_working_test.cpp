@@ -1,0 +1,443 @@
+#include "app/frm_working.h"
+
+#include "app/tab_in.h"
+#include "app/tab_options.h"
+#include "ephemeris/astro_lib.h"
+#include "fix/fix_summary.h"
+#include "fix/observation_file.h"
+#include "fix/run_fix.h"
+#include "numeric/fault.h"
+#include "platform/masked_edit.h"
+#include "platform/printers.h"
+#include "platform/push_button.h"
+#include "platform/rich_text_box.h"
+#include "platform/status_panels.h"
+#include "platform/tool_bar.h"
+#include "sailing/ellipsoid.h"
+#include "support/fake_clock.h"
+#include "support/map_settings.h"
+#include "support/qt_text.h"
+#include "support/screen_boxes.h"
+#include "support/scripted_dialogs.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace merov::app
+{
+namespace
+{
+
+const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
+const QString Sample = RunDir + "/Observations/evening_stars.obs";
+
+class NoPrinters : public platform::Printers
+{
+public:
+    QStringList Names() const override { return {}; }
+
+protected:
+    QString Default() const override { return {}; }
+};
+
+/// The main window with a world of its own.
+class FrmWorkingTest : public testing::Test
+{
+protected:
+    FrmWorkingTest() { ephemeris::SetDataFolder(MEROV_RUN_DIR); }
+
+    void Start(const QString& commandLine = {}, const QString& appPath = RunDir)
+    {
+        Window = std::make_unique<FrmWorking>(Surroundings{.Settings = Settings,
+                                                           .Printers = Printers,
+                                                           .Files = Files,
+                                                           .AppPath = appPath,
+                                                           .Documents = Home.path(),
+                                                           .SplashTime = std::chrono::milliseconds(1)});
+        Window->StartUp(commandLine);
+        QTest::qWait(0);
+    }
+
+    template <class Control>
+    Control& Find(const QString& name)
+    {
+        auto* control = Window->findChild<Control*>(name);
+        if (control == nullptr) throw std::logic_error("no control " + name.toStdString());
+        return *control;
+    }
+
+    /// The surfaces in view and the tool bar.
+    QString InView()
+    {
+        QStringList names;
+        for (const char* name : {"panhGradient", "picStarFix", "picRLGC", "picAzimuth", "picStarFixWizard", "tabIn",
+                                 "tabOptions", "rtfNumDisp", "tlhWorking", "tlhStarfix", "tlhNum", "tlhGraph"})
+            if (Find<QWidget>(name).isVisible()) names += name;
+        return names.join(' ');
+    }
+
+    /// The menu entries that are off.
+    QString Off()
+    {
+        QStringList names;
+        for (const QAction* action : Window->findChildren<QAction*>())
+            if (action->objectName().startsWith("mnu") && !action->isEnabled()) names += action->objectName().mid(3);
+        names.sort();
+        return names.join(' ');
+    }
+
+    void Trigger(const QString& name)
+    {
+        Find<QAction>(name).trigger();
+        QTest::qWait(0);
+    }
+
+    void Click(const QString& name)
+    {
+        QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton);
+        QTest::qWait(0);
+    }
+
+    /// Answers the next quit dialog by a button, or by its close box.
+    void AnswerQuit(const QString& button)
+    {
+        // The one before hands the activation back in the event loop.
+        ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == Window.get(); }));
+        QTimer::singleShot(0, Window.get(), [this, button] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            ++Asked;
+            if (button.isEmpty())
+                dialog->close();
+            else
+                dialog->findChild<QPushButton*>(button)->click();
+        });
+    }
+
+    test::ScreenBoxes Boxes;
+    test::FakeClock Clock;
+    test::MapSettings Settings;
+    test::ScriptedDialogs Dialogs;
+    platform::FileDialogs* Files = &Dialogs;
+    NoPrinters Printers;
+    QTemporaryDir Home;
+    std::unique_ptr<FrmWorking> Window;
+    int Asked = 0;
+};
+
+// Entries without a command yet are off whatever happens.
+const QString NotThere = "AstroGraphChart AstroGraphChartDec AstroGraphChartInc AstroGraphGrid AstroGraphLOP "
+                         "AstroGraphLOPDec AstroGraphLOPInc AstroGraphPrint AstroNumPrint AstroProba AziGo "
+                         "StarFixWizardStart UtilETA UtilGC UtilRL";
+const QString MainView = "panhGradient picStarFix picRLGC picAzimuth picStarFixWizard tlhWorking";
+const QString InputView = "panhGradient tabIn tlhStarfix";
+
+QString OffWith(const QString& others)
+{
+    QStringList names = (NotThere + " " + others).split(' ');
+    names.sort();
+    return names.join(' ');
+}
+
+const QString InputMenus = "AstroCorrect AstroSave AstroErase AstroNum AstroGraph";
+
+TEST_F(FrmWorkingTest, FirstStartTakesMostOfTheScreen)
+{
+    Start();
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    const int width = qRound(screen.width() * 0.95), height = qRound(screen.height() * 0.94);
+    EXPECT_EQ(Window->size(), QSize(width, height).expandedTo({781, 561}));
+    EXPECT_EQ(Window->y(), qRound((screen.height() - height) * 0.25));
+    EXPECT_EQ(Window->windowTitle(), " Merov 1.2");
+    EXPECT_EQ(InView(), MainView);
+    EXPECT_EQ(Off(), OffWith(InputMenus));
+    EXPECT_EQ(Window->Tables().VersionText, "1.20");
+    EXPECT_EQ(Find<QWidget>("bthRLGC").toolTip(), "RL, GC & ETA calculation");
+    EXPECT_FALSE(Find<QWidget>("picAzimuth").isEnabled());
+    EXPECT_TRUE(Find<platform::RichTextBox>("rtfNumDisp").toPlainText().contains(QChar(0xA7)));
+    EXPECT_FALSE(Find<platform::RichTextBox>("rtfCalcWP").isVisible());
+    EXPECT_EQ(sailing::ActiveEllipsoidIndex(), sailing::DefaultEllipsoidIndex);
+
+    Window->resize(100, 100);
+    EXPECT_EQ(Window->size(), QSize(781, 561));
+}
+
+TEST_F(FrmWorkingTest, MenuBarReadsAsItShould)
+{
+    Start();
+    const auto captions = [](const QList<QAction*>& actions) {
+        QStringList texts;
+        for (const QAction* action : actions)
+            texts += action->isSeparator() ? "-" : action->text();
+        return texts.join('|');
+    };
+    const auto menu = [&](const char* name) { return captions(Find<QMenu>(name).actions()); };
+    EXPECT_EQ(captions(Window->menuBar()->actions()),
+              "&File|&Astro Position|&Utilities|A&zimuth|&Wizard|&Options|&Help");
+    EXPECT_EQ(menu("mnuFile"), "Print Setup|-|E&xit");
+    EXPECT_EQ(menu("mnuAstro"),
+              "&Enter datas...|&Load datas...|-|&Correct datas...|&Save datas...|E&rase datas|-|&Numeric Results|"
+              "&Graphic Results|-|&Probability...");
+    EXPECT_EQ(menu("mnuAstroGraph"), "&Display|&Chart size|&LOPs size|&Grid|&Print");
+    EXPECT_EQ(menu("mnuAstroGraphLOP"), "&Increase|&Decrease");
+    EXPECT_EQ(menu("mnuUtil"), "&Rhumb Line...|&Great Circle...|&ETA Calculation...");
+    EXPECT_EQ(menu("mnuHelp"), "&Manual|-|&About");
+    EXPECT_EQ(Find<QAction>("mnuFileQuit").shortcut(), QKeySequence("Ctrl+Q"));
+
+    // F10 leads to the menus, from a field too.
+    Window->mnuAstroEnter();
+    QTest::keyClick(Window->focusWidget(), Qt::Key_F10);
+    QWidget* opened = QApplication::activePopupWidget();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->objectName(), "mnuFile");
+    opened->close();
+}
+
+TEST_F(FrmWorkingTest, EachCommandLeadsToItsScreen)
+{
+    Start();
+    Click("picStarFix");
+    EXPECT_EQ(InView(), InputView);
+    EXPECT_EQ(Off(), OffWith(InputMenus + " Util Azi Options"));
+    EXPECT_EQ(Window->focusWidget()->objectName(), "dtpTime(0)");
+
+    // Entries survive the way to the main screen and back, by button and by tool bar.
+    auto& course = Find<platform::MaskedEdit>("mskCourse(0)");
+    course.setFocus();
+    QTest::keyClicks(&course, "0900");
+    Click("cmdCancel(0)");
+    EXPECT_EQ(InView(), MainView);
+    EXPECT_EQ(Off(), OffWith(InputMenus));
+    Trigger("mnuAstroEnter");
+    EXPECT_EQ(Find<platform::MaskedEdit>("mskCourse(0)").Text(), QString::fromUtf8("090°.0"));
+    Click("bthMain");
+    EXPECT_EQ(InView(), MainView);
+
+    Trigger("mnuOptionsTab");
+    EXPECT_EQ(InView(), "panhGradient picStarFix picRLGC picAzimuth picStarFixWizard tabOptions tlhWorking");
+    EXPECT_EQ(Off(), OffWith(InputMenus));
+    Click("cmdNextTabOptions(0)");
+    Click("cmdEndTabOptions(1)");
+    EXPECT_EQ(InView(), MainView);
+    Trigger("mnuOptionsTab");
+    EXPECT_EQ(Find<TabOptions>("tabOptions").currentIndex(), 0);
+    Click("cmdEndTabOptions(0)");
+
+    Dialogs.Answers = {Sample};
+    Trigger("mnuAstroLoad");
+    EXPECT_EQ(InView(), InputView);
+    EXPECT_EQ(Off(), OffWith("Util Azi Options"));
+    Find<TabIn>("tabIn").setCurrentIndex(2);
+    Click("bthCorr");
+    EXPECT_EQ(InView(), InputView);
+    Trigger("mnuAstroErase");
+    EXPECT_EQ(InView(), InputView);
+    EXPECT_EQ(Off(), OffWith(InputMenus));
+    EXPECT_EQ(Find<TabIn>("tabIn").currentIndex(), 0);
+    Window->ShowMainScreen();
+    EXPECT_EQ(InView(), MainView);
+
+    // Loaded, left, and erased from the main screen's side: the menus are off there.
+    Dialogs.Answers = {Sample};
+    Trigger("mnuAstroLoad");
+    Window->bthMain();
+    Window->mnuAstroErase();
+    EXPECT_EQ(InView(), MainView);
+    EXPECT_EQ(Off(), OffWith(InputMenus));
+}
+
+TEST_F(FrmWorkingTest, OneOptionHasTwoBoxes)
+{
+    Start();
+    Window->mnuAstroEnter();
+    Click("ch3OneEstPos(1)");
+    EXPECT_TRUE(Window->Input().Entry.OneEstPos);
+    EXPECT_TRUE(Find<QCheckBox>("ch3OneEstPos(0)").isChecked());
+    Window->bthMain();
+    Trigger("mnuOptionsTab");
+    Click("cmdNextTabOptions(0)");
+    Click("ch3OneEstPos(0)");
+    EXPECT_FALSE(Find<QCheckBox>("ch3OneEstPos(1)").isChecked());
+}
+
+TEST_F(FrmWorkingTest, FileOfTheCommandLineIsLoaded)
+{
+    const QString file = Home.filePath("my sights.obs");
+    ASSERT_TRUE(QFile::copy(Sample, file));
+    Start("\"" + file + "\"");
+    EXPECT_EQ(InView(), InputView);
+    EXPECT_EQ(Off(), OffWith("Util Azi Options"));
+    EXPECT_TRUE(Dialogs.Questions.empty());
+    EXPECT_FALSE(Window->Input().Entry.Rows[1].Text[0].empty());
+
+    // The next load asks; a cancel keeps what stands.
+    Window->mnuAstroLoad();
+    EXPECT_EQ(Dialogs.Questions.size(), 1u);
+    EXPECT_FALSE(Window->Input().Entry.Rows[1].Text[0].empty());
+}
+
+TEST_F(FrmWorkingTest, FileThatIsMissingLeadsToTheDialog)
+{
+    Start("/nowhere/at.obs");
+    EXPECT_EQ(Boxes.Count(), 1u);
+    Boxes.TakeAll();
+    EXPECT_EQ(Dialogs.Questions.size(), 1u);
+    EXPECT_EQ(InView(), InputView);
+    EXPECT_EQ(Off(), OffWith(InputMenus + " Util Azi Options"));
+}
+
+TEST_F(FrmWorkingTest, ResultsFillTheStatusBar)
+{
+    fix::SightEntry entry;
+    fix::SightSession session;
+    numeric::LastError journal;
+    ASSERT_TRUE(fix::LoadObservationFile(Sample.toStdString(), entry, session));
+    entry.Text(fix::EntryField::HeightMetres) = "12.0";
+    fix::LeaveField(entry, session, fix::EntryField::HeightMetres);
+    const sailing::EarthModel earth = sailing::EllipsoidAt(sailing::DefaultEllipsoidIndex);
+    ASSERT_TRUE(fix::RunFix(entry, session, earth.InverseFlattening, earth.SemiMajorAxisNm, journal));
+
+    Start(Sample);
+    auto& status = Find<platform::StatusPanels>("staNumDisp");
+    EXPECT_FALSE(status.ShowsPanels());
+    // A menu leaves no field; what is being typed counts all the same.
+    Find<TabIn>("tabIn").setCurrentIndex(1);
+    auto& height = Find<platform::MaskedEdit>("mskHeightM");
+    height.setFocus();
+    QTest::keyClicks(&height, "120");
+    Trigger("mnuAstroNumDisp");
+    EXPECT_TRUE(status.ShowsPanels());
+    for (const fix::FixPanel& panel : fix::FixPanels(session))
+        EXPECT_EQ(status.PanelText(QString::fromStdString(panel.Key)), QString::fromStdString(panel.Text));
+    EXPECT_EQ(Window->focusWidget(), &height);
+    EXPECT_EQ(InView(), InputView);
+
+    Window->cmdEraseObs();
+    EXPECT_FALSE(status.ShowsPanels());
+    Window->cmdGraphRes();
+    EXPECT_EQ(Boxes.TakeOne(), "Missing data|Some data are missing.|Please check that the whole input form is "
+                               "completed.");
+    EXPECT_FALSE(status.ShowsPanels());
+}
+
+TEST_F(FrmWorkingTest, RefusedFieldLeavesNothingStuck)
+{
+    Start();
+    Window->mnuAstroEnter();
+    auto& latitude = Find<platform::MaskedEdit>("mskLat(5)");
+    latitude.setFocus();
+    QTest::keyClicks(&latitude, "95000N");
+    for (const char* name : {"cmdCancel(0)", "bthMain", "cmdNextTabIn(0)"}) {
+        Click(name);
+        EXPECT_EQ(Boxes.TakeOne(), std::string(" Error in input data|Latitude > 90°.")) << name;
+        EXPECT_EQ(Window->focusWidget(), &latitude);
+        EXPECT_EQ(InView(), InputView);
+    }
+    Window->mnuAstroSave();
+    EXPECT_EQ(Boxes.TakeOne(), " Error in input data|Latitude > 90°.");
+
+    // The close box and the menus don't leave the field.
+    AnswerQuit("cmdNo");
+    Window->close();
+    EXPECT_TRUE(Window->isVisible());
+    QTest::qWait(0);
+    EXPECT_EQ(Window->focusWidget(), &latitude);
+    Window->ShowMainScreen();
+    EXPECT_EQ(InView(), MainView);
+    Window->mnuAstroEnter();
+    EXPECT_EQ(latitude.Text(), QString::fromUtf8("95°00'.0 N"));
+    EXPECT_EQ(Boxes.Count(), 0u);
+    Window->mnuAstroErase();
+    EXPECT_TRUE(latitude.IsBlank());
+}
+
+TEST_F(FrmWorkingTest, OnlyAnAnswerEndsTheProgram)
+{
+    Start();
+    // From the menu only "yes" ends: neither the dialog's own close box nor "no" does.
+    for (const char* answer : {"", "cmdNo", ""}) {
+        AnswerQuit(answer);
+        Window->Run(Command::Quit);
+        EXPECT_TRUE(Window->isVisible());
+    }
+    // From the close box the dialog's own close repeats the last answer, which was "no".
+    AnswerQuit("");
+    EXPECT_FALSE(Window->close());
+    EXPECT_TRUE(Settings.Texts.empty());
+
+    Window->move(30, 40);
+    Window->resize(790, 700);
+    AnswerQuit("cmdYes");
+    QTest::keyClick(Window.get(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(Window->isVisible());
+    EXPECT_EQ(Asked, 5);
+    EXPECT_EQ(Settings.Text("Settings", "MainLeft"), "450");
+    EXPECT_EQ(Settings.Text("Settings", "MainTop"), "600");
+    EXPECT_EQ(Settings.Text("Settings", "MainWidth"), "11850");
+    EXPECT_EQ(Settings.Text("Settings", "MainHeight"), "10500");
+
+    // The next run stands there. Minimised it keeps what the run before left; nobody has answered yet, and
+    // that ends it from the close box.
+    Start();
+    EXPECT_EQ(Window->pos(), QPoint(30, 40));
+    EXPECT_EQ(Window->size(), QSize(790, 700));
+    Window->resize(1000, 600);
+    Window->showMinimized();
+    AnswerQuit("");
+    EXPECT_TRUE(Window->close());
+    EXPECT_EQ(Settings.Text("Settings", "MainWidth"), "11850");
+}
+
+TEST_F(FrmWorkingTest, MissingDocumentsAreToldOnce)
+{
+    ASSERT_TRUE(QFile::copy(RunDir + "/InfoProg.rtf", Home.filePath("InfoProg.rtf")));
+    QFile damaged(Home.filePath("CalcWP.rtf"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("{\\rtf1 half");
+    damaged.close();
+    Start({}, Home.path());
+    const QString box = QString::fromStdString(Boxes.TakeOne());
+    EXPECT_TRUE(box.startsWith("Missing documents|")) << box.toStdString();
+    EXPECT_TRUE(box.contains("NumResults.rtf") && box.contains("CalcWP.rtf") && !box.contains("InfoProg.rtf"));
+    EXPECT_EQ(InView(), MainView);
+}
+
+TEST_F(FrmWorkingTest, AboutBoxShowsItsText)
+{
+    Start();
+    bool shown = false;
+    QTimer::singleShot(0, Window.get(), [&] {
+        QWidget* about = QApplication::activeModalWidget();
+        ASSERT_NE(about, nullptr);
+        shown = about->windowTitle() == " About Merov" && Find<platform::RichTextBox>("rtfAboutProg").isVisible();
+        QTest::keyClick(about, Qt::Key_Escape);
+    });
+    Trigger("mnuHelpAbout");
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(FrmWorkingTest, FaultEndsTheCommandAlone)
+{
+    class FaultyDialogs : public test::ScriptedDialogs
+    {
+        std::optional<QString> AskOpen(const platform::FileQuestion&) override { numeric::RaiseDivisionByZero(); }
+    } faulty;
+    Files = &faulty;
+    Start();
+    Trigger("mnuAstroLoad");
+    EXPECT_EQ(Boxes.TakeOne(), " ERROR REPORT|Division by zero.");
+    EXPECT_EQ(InView(), InputView);
+}
+
+} // namespace
+} // namespace merov::app
