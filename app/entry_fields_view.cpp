@@ -68,7 +68,7 @@ platform::MaskedEdit* EntryFieldsView::MakeEdit(EntryField field, const QString&
     edit->setToolTip(toolTip);
     edit->KeyMap = [field, edit](int place, QChar key) { return MappedKey(*edit, field, place, key); };
     edit->OnEnter = [this, field] { EnterField(field); };
-    edit->OnLeave = [this, field] { return LeaveField(field) != EntryVerdict::Refused || !RefusesLeave(field); };
+    edit->OnLeave = [this, field] { return LeaveOrPass(field) != EntryVerdict::Refused || !RefusesLeave(field); };
     QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [this, field, edit] { input_.Entry.Text(field) = edit->Text().toStdString(); });
     return edit;
@@ -109,7 +109,19 @@ void EntryFieldsView::ShowEntries()
 
 EntryVerdict EntryFieldsView::LeaveField(EntryField field)
 {
-    const EntryVerdict verdict = fix::LeaveField(input_.Entry, input_.Session, field);
+    return Settle(field, fix::LeaveField(input_.Entry, input_.Session, field));
+}
+
+/// The focus goes from a field: a text that stands as it was found is passed by.
+EntryVerdict EntryFieldsView::LeaveOrPass(EntryField field)
+{
+    if (input_.Entry.Text(field) != enteredText_) return LeaveField(field);
+    return Settle(field, fix::PassField(input_.Entry, input_.Session, field));
+}
+
+/// Shows what the rule of a field has left.
+EntryVerdict EntryFieldsView::Settle(EntryField field, EntryVerdict verdict)
+{
     MirrorWithTwin(field);
     const bool takesFocus = verdict == EntryVerdict::Refused && !RefusesLeave(field) && Edit(field).isVisible();
     if (takesFocus) Edit(field).setFocus();
@@ -136,6 +148,7 @@ void EntryFieldsView::EnterField(EntryField field)
     fix::EnterField(input_.Entry, field);
     Mirror(field);
     Edit(field).setCursorPosition(InsertionPoint(field));
+    enteredText_ = input_.Entry.Text(field);
 }
 
 void EntryFieldsView::Mirror(EntryField field)

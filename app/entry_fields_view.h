@@ -5,6 +5,7 @@
 #include "platform/spin_button.h"
 
 #include <array>
+#include <string>
 
 namespace merov::app
 {
@@ -45,11 +46,14 @@ public:
 
 private:
     void EnterField(fix::EntryField field);
+    fix::EntryVerdict LeaveOrPass(fix::EntryField field);
+    fix::EntryVerdict Settle(fix::EntryField field, fix::EntryVerdict verdict);
     void Mirror(fix::EntryField field);
     void MirrorWithTwin(fix::EntryField field);
 
     FixInput& input_;
     std::array<platform::MaskedEdit*, fix::EntryFieldCount> edits_{}; ///< by EntryField
+    std::string enteredText_; ///< of the field that has the focus, as it took it
 };
 
 } // namespace merov::app

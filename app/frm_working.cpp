@@ -9,12 +9,11 @@
 #include "app/tab_in.h"
 #include "app/tab_options.h"
 #include "app/window_place.h"
-#include "numeric/error_trap.h"
-#include "numeric/fault.h"
 #include "numeric/message_box.h"
 #include "platform/application.h"
 #include "platform/file_dialogs.h"
 #include "platform/help_window.h"
+#include "platform/message_boxes.h"
 #include "platform/rich_text_box.h"
 #include "platform/settings_store.h"
 #include "platform/status_panels.h"
@@ -104,7 +103,7 @@ void FrmWorking::BuildStatusBar()
         {"SystErr", "Systematic error, minutes"},
     };
     for (const auto& [key, toolTip] : panels)
-        staNumDisp_->AddPanel(key, toolTip);
+        staNumDisp_->AddPanel(key, toolTip, std::string_view(key) == "Full"); // words give way to figures
     staNumDisp_->OnPanelClick = [this](const QString& key) {
         if (key == "Proba") Run(Command::Proba);
     };
@@ -151,10 +150,8 @@ void FrmWorking::Guarded(const std::function<void()>& command)
 {
     try {
         command();
-    } catch (const numeric::Fault& fault) {
-        numeric::ShowError(" ERROR REPORT", {numeric::FaultLine(fault)});
-    } catch (const std::exception& error) {
-        numeric::ShowError(" ERROR REPORT", {error.what()});
+    } catch (...) {
+        platform::ShowCaught();
     }
 }
 

@@ -87,10 +87,14 @@ void TakeValue(SightEntry& entry, SightSession& session, EntryField field, doubl
     if (const auto twin = TwinOf(field, value)) entry.Text(twin->Field) = twin->Text;
 }
 
-/// The session's value of a field with a spin button, in the field's unit.
-double WeatherValue(const SightSession& session, EntryField field)
+/// The session's value of a field of a unit pair, in the field's unit.
+double PairValue(const SightSession& session, EntryField field)
 {
     switch (field) {
+    case EntryField::HeightMetres:
+        return session.HeightOfEye;
+    case EntryField::HeightFeet:
+        return TwinOf(EntryField::HeightMetres, session.HeightOfEye)->Value;
     case EntryField::AirCelsius:
         return session.AirTemp;
     case EntryField::AirFahrenheit:
@@ -211,11 +215,20 @@ EntryVerdict LeaveField(SightEntry& entry, SightSession& session, EntryField fie
     return result.Verdict;
 }
 
+EntryVerdict PassField(SightEntry& entry, SightSession& session, EntryField field)
+{
+    const auto twin = TwinOf(field, 0.0);
+    const bool showsPair = twin && entry.Text(field) == TwinOf(twin->Field, PairValue(session, twin->Field))->Text;
+    if (!showsPair) return LeaveField(entry, session, field);
+    entry.Colour(field) = FieldColour::Green;
+    return EntryVerdict::Valid;
+}
+
 void StepField(SightEntry& entry, SightSession& session, EntryField field, bool up)
 {
     const EntryResult present = CheckEntry(field, entry.Text(field));
     const bool isValid = present.Verdict == EntryVerdict::Valid;
-    const auto text = StepText(field, isValid ? present.Value : WeatherValue(session, field), up);
+    const auto text = StepText(field, isValid ? present.Value : PairValue(session, field), up);
     if (!text) return;
     entry.Text(field) = *text;
     LeaveField(entry, session, field);

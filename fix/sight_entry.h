@@ -78,6 +78,11 @@ void EnterField(SightEntry& entry, EntryField field);
 /// @return the verdict; after Refused the field takes the focus back
 EntryVerdict LeaveField(SightEntry& entry, SightSession& session, EntryField field);
 
+/// A field is left with the text that it had when it took the focus. Where that is what its twin put
+/// there, the session keeps the value that was entered, which the rounded text would move (8.5 metres to
+/// 8.50392 by its 027.9 feet), and only the colour changes; otherwise as LeaveField.
+EntryVerdict PassField(SightEntry& entry, SightSession& session, EntryField field);
+
 /// One step of a field's spin button: the new text goes into the field, which is then left. Nothing
 /// happens at the end of the range. A field without a valid text steps from the session's value.
 void StepField(SightEntry& entry, SightSession& session, EntryField field, bool up);

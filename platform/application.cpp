@@ -1,9 +1,11 @@
 #include "platform/application.h"
 
 #include "platform/field.h"
+#include "platform/message_boxes.h"
 
 #include <QFont>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QShortcutEvent>
 
 #include <algorithm>
@@ -59,12 +61,21 @@ void Application::PassFocus(QWidget& control)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
-    if (!IsPress(*event)) return QApplication::notify(receiver, event);
-    swallow_ = false;
-    ++pressDepth_;
-    const bool result = QApplication::notify(receiver, event);
-    --pressDepth_;
-    swallow_ = false;
+    const bool isPress = IsPress(*event);
+    if (isPress) {
+        swallow_ = false;
+        ++pressDepth_;
+    }
+    bool result = true;
+    try {
+        result = QApplication::notify(receiver, event);
+    } catch (...) { // it must not pass through the event loop, which knows nothing of exceptions
+        ShowCaught();
+    }
+    if (isPress) {
+        --pressDepth_;
+        swallow_ = false;
+    }
     return result;
 }
 
@@ -84,9 +95,10 @@ bool Application::eventFilter(QObject* receiver, QEvent* event)
 bool Application::GiveLetterToSurface(const QMenuBar& bar, const QShortcutEvent& event)
 {
     const QList<QWidget*> controls = bar.window()->findChildren<QWidget*>();
-    return std::any_of(controls.begin(), controls.end(), [&event](QWidget* control) {
+    return std::any_of(controls.begin(), controls.end(), [&event, &bar](QWidget* control) {
         auto* taker = dynamic_cast<LetterTaker*>(control);
-        return taker != nullptr && control->isVisible() && control->isEnabled() && taker->TakeLetter(event.key());
+        return taker != nullptr && control->window() == bar.window() && control->isVisible() && control->isEnabled() &&
+               taker->TakeLetter(event.key());
     });
 }
 
@@ -105,11 +117,10 @@ void Application::FollowFocus(QWidget& window)
     // Shared, since a handler may open other windows and close this one.
     const std::shared_ptr<WindowFocus> focus = FocusOf(window);
     if (focus->Busy) return;
-    focus->Busy = true;
+    const QScopedValueRollback<bool> busy(focus->Busy, true);
     int handlers = 0;
     while (handlers < MostHandlersInARow && FollowOnce(*focus))
         ++handlers;
-    focus->Busy = false;
 }
 
 /// Leaves the current field for the control that has the focus now and enters that. False when there

@@ -1,11 +1,14 @@
 #include "platform/message_boxes.h"
 
+#include "numeric/error_trap.h"
+#include "numeric/fault.h"
 #include "platform/application.h"
 
 #include <QMessageBox>
 #include <QPointer>
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 namespace merov::platform
@@ -66,11 +69,24 @@ QString TextOf(const numeric::Box& box)
     return lines.join(u'\n');
 }
 
+/// The window that a box belongs to. Right behind a form that has closed none is active yet; without a
+/// window of its own the box would leave the program without the focus.
+QWidget* WindowInFront()
+{
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->parentWidget() == nullptr && window->windowType() == Qt::Window;
+    });
+    return main == windows.end() ? nullptr : *main;
+}
+
 } // namespace
 
 numeric::BoxAnswer AskUser(const numeric::Box& box)
 {
-    const QPointer<QWidget> parent = QApplication::activeWindow();
+    const QPointer<QWidget> parent = WindowInFront();
     const auto [first, last] = ButtonsOf(box.Buttons);
     QMessageBox window(IconOf(box.Icon), QString::fromStdString(box.Title), TextOf(box), first | last, parent);
     window.setTextFormat(Qt::PlainText);
@@ -80,6 +96,19 @@ numeric::BoxAnswer AskUser(const numeric::Box& box)
     // Not every screen hands the activation back, and without it no field would have the focus.
     if (!parent.isNull() && !parent->isActiveWindow()) parent->activateWindow();
     return AnswerOf(pressed);
+}
+
+void ShowCaught()
+{
+    std::string line = "Unknown error.";
+    try {
+        throw;
+    } catch (const numeric::Fault& fault) {
+        line = numeric::FaultLine(fault);
+    } catch (const std::exception& error) {
+        line = error.what();
+    }
+    numeric::ShowError(" ERROR REPORT", {line});
 }
 
 MessageBoxes::MessageBoxes(Ask ask) : ask_(std::move(ask)) {}

@@ -11,6 +11,10 @@ namespace merov::platform
 /// button answers No or Cancel, where it has one. Lines stand as they are, whatever characters they have.
 numeric::BoxAnswer AskUser(const numeric::Box& box);
 
+/// Tells of the exception that is being handled, in the box " ERROR REPORT": a handler of an event lets
+/// none out. Call it within a catch block.
+void ShowCaught();
+
 /// The program's receiver of all boxes; install it by a ScopedBoxReceiver.
 class MessageBoxes : public numeric::BoxReceiver
 {

@@ -14,7 +14,8 @@ namespace merov::platform
 class StatusPanels::Panel : public QFrame
 {
 public:
-    Panel(StatusPanels& bar, const QString& key, const QString& toolTip) : bar_(bar), tip_(toolTip)
+    Panel(StatusPanels& bar, const QString& key, const QString& toolTip, bool givesWay)
+        : bar_(bar), tip_(toolTip), givesWay_(givesWay)
     {
         setObjectName(key);
         setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -38,8 +39,7 @@ public:
         return {qCeil(QFontMetricsF(font()).horizontalAdvance(text_)) + Border, Height()};
     }
 
-    // In a narrow window the long texts, which are words, give way before the figures.
-    QSize minimumSizeHint() const override { return text_.size() > LongText ? QSize(Border, Height()) : sizeHint(); }
+    QSize minimumSizeHint() const override { return givesWay_ ? QSize(Border, Height()) : sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override
@@ -62,7 +62,6 @@ protected:
 
 private:
     static constexpr int Border = 6; // pixels, left and right together
-    static constexpr int LongText = 24;
 
     int Height() const { return fontMetrics().height() + 4; }
     QRect TextRect() const { return rect().adjusted(Border / 2, 0, -Border / 2, 0); }
@@ -76,6 +75,7 @@ private:
 
     StatusPanels& bar_;
     QString tip_;
+    bool givesWay_;
     QString text_;
 };
 
@@ -93,9 +93,9 @@ StatusPanels::StatusPanels(QWidget* parent)
     addWidget(styles_, 1);
 }
 
-void StatusPanels::AddPanel(const QString& key, const QString& toolTip)
+void StatusPanels::AddPanel(const QString& key, const QString& toolTip, bool givesWay)
 {
-    panels_->layout()->addWidget(new Panel(*this, key, toolTip));
+    panels_->layout()->addWidget(new Panel(*this, key, toolTip, givesWay));
 }
 
 StatusPanels::Panel* StatusPanels::Find(const QString& key) const

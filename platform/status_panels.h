@@ -18,9 +18,10 @@ public:
     explicit StatusPanels(QWidget* parent = nullptr);
 
     /// Adds an empty panel to the right of the others.
-    /// @param key      tells the panel, given once
-    /// @param toolTip  what it shows; a text too long for the window stands in the tool tip as well
-    void AddPanel(const QString& key, const QString& toolTip = {});
+    /// @param key       tells the panel, given once
+    /// @param toolTip   what it shows; a text too long for the window stands in the tool tip as well
+    /// @param givesWay  in a narrow window this panel's text is cut before those of the others
+    void AddPanel(const QString& key, const QString& toolTip = {}, bool givesWay = false);
 
     /// The text of a panel. An unknown key has an empty text, and writing to it does nothing.
     QString PanelText(const QString& key) const;

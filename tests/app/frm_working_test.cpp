@@ -1,81 +1,38 @@
-#include "app/frm_working.h"
+#include "app/program.h"
 
 #include "app/tab_in.h"
 #include "app/tab_options.h"
-#include "ephemeris/astro_lib.h"
 #include "fix/fix_summary.h"
 #include "fix/observation_file.h"
 #include "fix/run_fix.h"
 #include "numeric/fault.h"
 #include "platform/masked_edit.h"
-#include "platform/printers.h"
-#include "platform/push_button.h"
 #include "platform/rich_text_box.h"
 #include "platform/status_panels.h"
-#include "platform/tool_bar.h"
 #include "sailing/ellipsoid.h"
-#include "support/fake_clock.h"
-#include "support/map_settings.h"
-#include "support/qt_text.h"
-#include "support/screen_boxes.h"
-#include "support/scripted_dialogs.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace merov::app
 {
 namespace
 {
 
-const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
-const QString Sample = RunDir + "/Observations/evening_stars.obs";
-
-class NoPrinters : public platform::Printers
-{
-public:
-    QStringList Names() const override { return {}; }
-
-protected:
-    QString Default() const override { return {}; }
-};
+using test::RunDir;
+using test::Sample;
 
 /// The main window with a world of its own.
-class FrmWorkingTest : public testing::Test
+class FrmWorkingTest : public test::Program
 {
 protected:
-    FrmWorkingTest() { ephemeris::SetDataFolder(MEROV_RUN_DIR); }
-
-    void Start(const QString& commandLine = {}, const QString& appPath = RunDir)
-    {
-        Window = std::make_unique<FrmWorking>(Surroundings{.Settings = Settings,
-                                                           .Printers = Printers,
-                                                           .Files = Files,
-                                                           .AppPath = appPath,
-                                                           .Documents = Home.path(),
-                                                           .SplashTime = std::chrono::milliseconds(1)});
-        Window->StartUp(commandLine);
-        QTest::qWait(0);
-    }
-
-    template <class Control>
-    Control& Find(const QString& name)
-    {
-        auto* control = Window->findChild<Control*>(name);
-        if (control == nullptr) throw std::logic_error("no control " + name.toStdString());
-        return *control;
-    }
-
     /// The surfaces in view and the tool bar.
     QString InView()
     {
@@ -96,18 +53,6 @@ protected:
         return names.join(' ');
     }
 
-    void Trigger(const QString& name)
-    {
-        Find<QAction>(name).trigger();
-        QTest::qWait(0);
-    }
-
-    void Click(const QString& name)
-    {
-        QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton);
-        QTest::qWait(0);
-    }
-
     /// Answers the next quit dialog by a button, or by its close box.
     void AnswerQuit(const QString& button)
     {
@@ -124,14 +69,6 @@ protected:
         });
     }
 
-    test::ScreenBoxes Boxes;
-    test::FakeClock Clock;
-    test::MapSettings Settings;
-    test::ScriptedDialogs Dialogs;
-    platform::FileDialogs* Files = &Dialogs;
-    NoPrinters Printers;
-    QTemporaryDir Home;
-    std::unique_ptr<FrmWorking> Window;
     int Asked = 0;
 };
 
@@ -189,7 +126,6 @@ TEST_F(FrmWorkingTest, MenuBarReadsAsItShould)
               "&Enter datas...|&Load datas...|-|&Correct datas...|&Save datas...|E&rase datas|-|&Numeric Results|"
               "&Graphic Results|-|&Probability...");
     EXPECT_EQ(menu("mnuAstroGraph"), "&Display|&Chart size|&LOPs size|&Grid|&Print");
-    EXPECT_EQ(menu("mnuAstroGraphLOP"), "&Increase|&Decrease");
     EXPECT_EQ(menu("mnuUtil"), "&Rhumb Line...|&Great Circle...|&ETA Calculation...");
     EXPECT_EQ(menu("mnuHelp"), "&Manual|-|&About");
     EXPECT_EQ(Find<QAction>("mnuFileQuit").shortcut(), QKeySequence("Ctrl+Q"));
@@ -229,9 +165,18 @@ TEST_F(FrmWorkingTest, EachCommandLeadsToItsScreen)
     Click("cmdNextTabOptions(0)");
     Click("cmdEndTabOptions(1)");
     EXPECT_EQ(InView(), MainView);
+
+    // One option has two boxes.
     Trigger("mnuOptionsTab");
     EXPECT_EQ(Find<TabOptions>("tabOptions").currentIndex(), 0);
-    Click("cmdEndTabOptions(0)");
+    Click("cmdNextTabOptions(0)");
+    Click("ch3OneEstPos(0)");
+    EXPECT_TRUE(Find<QCheckBox>("ch3OneEstPos(1)").isChecked());
+    Window->cmdEndTabOptions();
+    Window->mnuAstroEnter();
+    Click("ch3OneEstPos(1)");
+    EXPECT_FALSE(Find<QCheckBox>("ch3OneEstPos(0)").isChecked());
+    EXPECT_FALSE(Window->Input().Entry.OneEstPos);
 
     Dialogs.Answers = {Sample};
     Trigger("mnuAstroLoad");
@@ -246,28 +191,6 @@ TEST_F(FrmWorkingTest, EachCommandLeadsToItsScreen)
     EXPECT_EQ(Find<TabIn>("tabIn").currentIndex(), 0);
     Window->ShowMainScreen();
     EXPECT_EQ(InView(), MainView);
-
-    // Loaded, left, and erased from the main screen's side: the menus are off there.
-    Dialogs.Answers = {Sample};
-    Trigger("mnuAstroLoad");
-    Window->bthMain();
-    Window->mnuAstroErase();
-    EXPECT_EQ(InView(), MainView);
-    EXPECT_EQ(Off(), OffWith(InputMenus));
-}
-
-TEST_F(FrmWorkingTest, OneOptionHasTwoBoxes)
-{
-    Start();
-    Window->mnuAstroEnter();
-    Click("ch3OneEstPos(1)");
-    EXPECT_TRUE(Window->Input().Entry.OneEstPos);
-    EXPECT_TRUE(Find<QCheckBox>("ch3OneEstPos(0)").isChecked());
-    Window->bthMain();
-    Trigger("mnuOptionsTab");
-    Click("cmdNextTabOptions(0)");
-    Click("ch3OneEstPos(0)");
-    EXPECT_FALSE(Find<QCheckBox>("ch3OneEstPos(1)").isChecked());
 }
 
 TEST_F(FrmWorkingTest, FileOfTheCommandLineIsLoaded)

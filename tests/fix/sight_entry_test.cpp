@@ -98,6 +98,27 @@ TEST_F(SightEntryTest, LeavingAFieldSetsValueFlagColourAndTwin)
     EXPECT_EQ(session.Course + session.OrigCourse, 181.0);
 }
 
+TEST_F(SightEntryTest, PassingThroughATwinKeepsTheValueThatWasEntered)
+{
+    Type(HeightMetres, "_8.5");
+    Type(AirCelsius, "_21");
+    Type(Millibars, "1070"); // shows 31.60 inches, beyond what that field takes
+    for (const EntryField twin : {HeightFeet, AirFahrenheit, InchesHg})
+        EXPECT_EQ(PassField(entry, session, twin), Valid);
+    EXPECT_EQ(entry.Colour(InchesHg), FieldColour::Green);
+    EXPECT_EQ(session.HeightOfEye, 8.5);
+    EXPECT_EQ(session.AirTemp, 21.0);
+    EXPECT_EQ(session.Pressure, 1070.0);
+
+    // What doesn't come from the twin is read, and what has no twin too.
+    entry.Text(HeightFeet) = "030.0";
+    PassField(entry, session, HeightFeet);
+    EXPECT_NEAR(session.HeightOfEye, 9.144, 1e-12);
+    entry.Text(Speed) = "012.5";
+    EXPECT_EQ(PassField(entry, session, Speed), Valid);
+    EXPECT_EQ(session.Speed, 12.5);
+}
+
 TEST_F(SightEntryTest, RefusedTextKeepsValueAndFlagButForTheCorrection)
 {
     Type(Speed, "012.5");

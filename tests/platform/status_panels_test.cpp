@@ -16,7 +16,7 @@ protected:
     StatusPanelsTest()
     {
         for (const char* key : {"MPP", "Proba", "Full"})
-            bar.AddPanel(key, QString("tip of ") + key);
+            bar.AddPanel(key, QString("tip of ") + key, QByteArray(key) == "Full");
         bar.resize(600, 24);
         bar.show();
     }
