@@ -1,0 +1,245 @@
+/// Writes pictures of the program's screens: "merov_screenshots FOLDER". Everything runs in its own world:
+/// settings in memory, a clock that stands still, a sample session. The screen is Qt's offscreen one, whose
+/// size and scale scripts/take_screenshots.sh sets.
+
+#include "app/frm_working.h"
+#include "app/tab_in.h"
+#include "ephemeris/astro_lib.h"
+#include "ephemeris/time_lib.h"
+#include "platform/application.h"
+#include "platform/masked_edit.h"
+#include "platform/message_boxes.h"
+#include "platform/printers.h"
+#include "support/fake_clock.h"
+#include "support/map_settings.h"
+#include "support/scripted_dialogs.h"
+
+#include <QAction>
+#include <QPainter>
+#include <QScreen>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+
+namespace
+{
+
+using namespace merov;
+using platform::MaskedEdit;
+
+const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
+
+class NoPrinters : public platform::Printers
+{
+public:
+    QStringList Names() const override { return {}; }
+
+protected:
+    QString Default() const override { return {}; }
+};
+
+/// Draws a window where it stands, with the caption that a desktop gives a dialog.
+void DrawWindow(QPainter& painter, QWidget& window)
+{
+    const QRect place(window.pos(), window.size());
+    const bool framed = window.isModal() && !(window.windowFlags() & Qt::FramelessWindowHint);
+    if (framed) {
+        constexpr int captionHeight = 26;
+        const QRect caption(place.left() - 1, place.top() - captionHeight, place.width() + 2, captionHeight);
+        painter.fillRect(caption.adjusted(0, 0, 0, place.height() + 1), QColor(70, 84, 104));
+        painter.setPen(Qt::white);
+        painter.drawText(caption.adjusted(8, 0, -8, 0), Qt::AlignVCenter, window.windowTitle().trimmed());
+    }
+    painter.drawPixmap(place.topLeft(), window.grab());
+}
+
+class Photographer
+{
+public:
+    explicit Photographer(QString folder) : folder_(std::move(folder)) {}
+
+    /// The whole screen as it stands.
+    void Take(const QString& name)
+    {
+        QTest::qWait(20);
+        const QScreen& screen = *QGuiApplication::primaryScreen();
+        QImage image(screen.size() * screen.devicePixelRatio(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(screen.devicePixelRatio());
+        image.fill(QColor(45, 52, 62));
+        QPainter painter(&image);
+        QWidgetList windows = QApplication::topLevelWidgets();
+        std::stable_sort(windows.begin(), windows.end(),
+                         [](const QWidget* a, const QWidget* b) { return !a->isModal() && b->isModal(); });
+        for (QWidget* window : windows)
+            if (window->isVisible()) DrawWindow(painter, *window);
+        painter.end();
+        const QString file = folder_ + "/" + name + ".png";
+        if (!image.save(file)) throw std::runtime_error("cannot write " + file.toStdString());
+    }
+
+    /// Takes the picture of the next modal window, then closes it by `close`.
+    void TakeModal(const QString& name, const std::function<void(QWidget&)>& close)
+    {
+        QTimer::singleShot(50, [this, name, close] {
+            QWidget* window = QApplication::activeModalWidget();
+            if (window == nullptr) {
+                std::cerr << "merov_screenshots: no window for " << name.toStdString() << "\n";
+                std::exit(1); // whoever waits for the window would wait for ever
+            }
+            Take(name);
+            close(*window);
+        });
+    }
+
+private:
+    QString folder_;
+};
+
+/// One run of the program, from screen to screen.
+class Session
+{
+public:
+    explicit Session(Photographer& photographer)
+        : camera_(photographer), window_({.Settings = settings_,
+                                          .Printers = printers_,
+                                          .Files = &dialogs_,
+                                          .AppPath = RunDir,
+                                          .Documents = home_.path()})
+    {
+    }
+
+    void Run()
+    {
+        camera_.TakeModal("splash", [](QWidget& splash) { QTest::mouseClick(&splash, Qt::LeftButton); });
+        window_.StartUp({});
+        camera_.Take("main");
+        Input();
+        Dialogs();
+    }
+
+private:
+    template <class Control>
+    Control& Find(const QString& name)
+    {
+        auto* control = window_.findChild<Control*>(name);
+        if (control == nullptr) throw std::logic_error("no control " + name.toStdString());
+        return *control;
+    }
+
+    void Click(const QString& name)
+    {
+        QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton);
+        QTest::qWait(0);
+    }
+
+    void ShowTab(int index)
+    {
+        Find<app::TabIn>("tabIn").ShowPage(index);
+        QTest::qWait(0);
+    }
+
+    /// A text that the field refuses, and the box that tells so.
+    void Refuse(const QString& field, const char* keys, const QString& picture)
+    {
+        auto& edit = Find<MaskedEdit>(field);
+        edit.setFocus();
+        QTest::keyClicks(&edit, keys);
+        camera_.TakeModal(picture, [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QTest::keyClick(&edit, Qt::Key_Tab);
+    }
+
+    void Input()
+    {
+        Click("picStarFix");
+        const char* names[] = {"position", "conditions", "observations"};
+        for (int tab = 0; tab < 3; ++tab) {
+            ShowTab(tab);
+            camera_.Take(QString("input_") + names[tab] + "_empty");
+        }
+        dialogs_.Answers = {RunDir + "/Observations/evening_stars.obs"};
+        Find<QAction>("mnuAstroLoad").trigger();
+        camera_.Take("input_position");
+        Refuse("mskLat(5)", "95", "input_position_refused");
+        dialogs_.Answers = {RunDir + "/Observations/evening_stars.obs"};
+        Find<QAction>("mnuAstroLoad").trigger();
+        Click("cmdNextTabIn(0)");
+        camera_.Take("input_conditions");
+        Refuse("mskTempCelcius(0)", "+99", "input_conditions_refused");
+        dialogs_.Answers = {RunDir + "/Observations/evening_stars.obs"};
+        Find<QAction>("mnuAstroLoad").trigger();
+        ShowTab(2);
+        Click("cmdNumRes");
+        camera_.Take("input_observations");
+        RefuseAltitude();
+        camera_.TakeModal("time_capture", [](QWidget& form) { form.close(); });
+        Click("cmdChronoF5");
+    }
+
+    void RefuseAltitude()
+    {
+        auto& grid = Find<QTableWidget>("grdObs");
+        grid.setFocus();
+        grid.setCurrentCell(1, 2);
+        QTest::keyClicks(&grid, "8");
+        QTest::keyClicks(window_.focusWidget(), "9599");
+        Find<MaskedEdit>("mskHeightInst").setText(QString::fromUtf8("90°00'.1"));
+        camera_.TakeModal("input_observations_box", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QTest::keyClick(window_.focusWidget(), Qt::Key_Backtab); // to the grid, over the same cell
+        camera_.Take("input_observations_refused");
+    }
+
+    void Dialogs()
+    {
+        Click("bthMain");
+        Find<QAction>("mnuOptionsTab").trigger();
+        camera_.Take("preferences_ellipsoid");
+        Click("cmdNextTabOptions(0)");
+        camera_.Take("preferences_intercepts");
+        Click("cmdEndTabOptions(1)");
+        const auto close = [](QWidget& form) { form.close(); };
+        camera_.TakeModal("about", [](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
+        Find<QAction>("mnuHelpAbout").trigger();
+        camera_.TakeModal("print_setup", close);
+        Find<QAction>("mnuFilePageSetup").trigger();
+        camera_.TakeModal("quit", [](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
+        Find<QAction>("mnuFileQuit").trigger();
+    }
+
+    Photographer& camera_;
+    test::MapSettings settings_;
+    test::ScriptedDialogs dialogs_;
+    NoPrinters printers_;
+    QTemporaryDir home_;
+    app::FrmWorking window_;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    platform::Application application(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    if (argc != 2) {
+        std::cerr << "usage: merov_screenshots FOLDER\n";
+        return 2;
+    }
+    const test::FakeClock clock(ephemeris::JoinDateTime({2024, 9, 14, 19, 48, 20}));
+    platform::MessageBoxes boxes;
+    const numeric::ScopedBoxReceiver boxScope(boxes);
+    ephemeris::SetDataFolder(RunDir.toStdString());
+    try {
+        Photographer photographer(QString::fromLocal8Bit(argv[1]));
+        Session(photographer).Run();
+    } catch (const std::exception& error) {
+        std::cerr << "merov_screenshots: " << error.what() << "\n";
+        return 1;
+    }
+    return 0;
+}
