@@ -78,6 +78,8 @@ FrmSplash::FrmSplash(const QString& versionText, std::chrono::milliseconds durat
     picSplashFix_->setObjectName("picSplashFix");
     lblSplash_->setObjectName("lblSplash");
     lblReadAbout_->setObjectName("lblReadAbout");
+    lblSplash_->setAttribute(Qt::WA_TransparentForMouseEvents); // a click on it is one on the form
+    lblReadAbout_->setAttribute(Qt::WA_TransparentForMouseEvents);
     rtfAboutProg_->setObjectName("rtfAboutProg");
     rtfAboutProg_->setAccessibleName(QStringLiteral("About Merov"));
     setToolTip(QStringLiteral("Click anywhere to continue"));

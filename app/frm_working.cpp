@@ -196,12 +196,18 @@ void FrmWorking::Change(Transition transition)
 
 void FrmWorking::SetVisible(Surface surface, bool visible)
 {
-    // A surface goes without its field being left: what stands in it waits there.
+    // A surface goes, or is covered, without its field being left: what stands in it waits there.
     const QWidget* widget = surfaces_->Find(surface);
-    const QWidget* focus = focusWidget();
-    const bool hasFocus = widget != nullptr && focus != nullptr && (widget == focus || widget->isAncestorOf(focus));
-    if (!visible && hasFocus) ParkFocus();
+    const bool covers = visible && MainSurfaces::Covers(surface);
+    if (widget != nullptr && (covers ? !HasFocus(*widget) : !visible && HasFocus(*widget))) ParkFocus();
     surfaces_->SetVisible(surface, visible);
+}
+
+/// True when the focus lies on a control or within it.
+bool FrmWorking::HasFocus(const QWidget& control) const
+{
+    const QWidget* focus = focusWidget();
+    return focus != nullptr && (focus == &control || control.isAncestorOf(focus));
 }
 
 bool FrmWorking::IsVisible(Surface surface) const
@@ -216,6 +222,8 @@ void FrmWorking::SetEnabled(Menu menu, bool enabled)
 
 void FrmWorking::ShowBar(Bar bar)
 {
+    // Qt would send the focus of the bar that goes through the fields.
+    if (HasFocus(*toolBars_)) ParkFocus();
     toolBars_->ShowBar(bar);
 }
 
@@ -226,6 +234,7 @@ Bar FrmWorking::ShownBar() const
 
 void FrmWorking::SetBarEnabled(bool enabled)
 {
+    if (HasFocus(*toolBars_)) ParkFocus();
     toolBars_->SetBarEnabled(enabled);
 }
 
@@ -240,15 +249,11 @@ void FrmWorking::ParkFocus()
 /// Gives the keyboard to the surface in view.
 void FrmWorking::FocusSurface()
 {
-    if (IsVisible(Surface::TabIn)) {
+    const Surface surface = surfaces_->Topmost().value_or(Surface::StarFix);
+    if (surface == Surface::TabIn)
         FocusInput();
-        return;
-    }
-    for (const Surface surface : {Surface::TabOptions, Surface::NumDisp, Surface::StarFix})
-        if (IsVisible(surface)) {
-            FocusFirst(*surfaces_->Find(surface));
-            return;
-        }
+    else if (IsVisible(surface))
+        FocusFirst(*surfaces_->Find(surface));
 }
 
 /// Gives the keyboard to the input, unless it has it.

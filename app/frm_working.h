@@ -117,6 +117,7 @@ private:
     void FocusInput();
     static void FocusFirst(QWidget& surface);
     void ParkFocus();
+    bool HasFocus(const QWidget& control) const;
     bool LeaveEditedField();
     bool ComputeFix();
     bool UserEnds(bool unlessNo);
@@ -139,6 +140,7 @@ private:
     std::unique_ptr<ObservationFiles> files_;
     QString startFile_;         ///< loaded without a dialog by the next load
     bool astroStarted_ = false; ///< the input has been erased for the first time
+    bool computing_ = false;    ///< a fix is under way
     bool ending_ = false;       ///< the program closes its windows itself
 };
 

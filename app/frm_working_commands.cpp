@@ -15,6 +15,8 @@
 #include "platform/status_panels.h"
 #include "sailing/ellipsoid.h"
 
+#include <QScopedValueRollback>
+
 #include <utility>
 
 /// The commands of the main window.
@@ -105,12 +107,17 @@ bool FrmWorking::LeaveEditedField()
 /// @return false after the box of a check
 bool FrmWorking::ComputeFix()
 {
+    if (computing_) return false; // the commit below serves events, such as a second click
+    const QScopedValueRollback<bool> computing(computing_, true);
     if (!LeaveEditedField()) return false;
     tabIn_->CommitGridEditor();
     const sailing::EarthModel& earth = sailing::ActiveEllipsoid();
     const bool computed =
         fix::RunFix(input_.Entry, input_.Session, earth.InverseFlattening, earth.SemiMajorAxisNm, input_.Journal);
-    tabIn_->ShowEntries();
+    if (computed)
+        tabIn_->ShowEntries(); // the rows are sorted
+    else
+        tabIn_->ShowFields(); // the user goes on where the box found them
     return computed;
 }
 

@@ -94,11 +94,27 @@ void MainSurfaces::SetVisible(Surface surface, bool visible)
 {
     QWidget* widget = Find(surface);
     if (widget == nullptr) return;
-    // What was asked for last lies on top, but for the background and the pictures on it.
-    const bool covers = surface == Surface::TabIn || surface == Surface::TabUtil || surface == Surface::TabOptions ||
-                        surface == Surface::NumDisp || surface == Surface::LMChart;
-    if (visible && covers) widget->raise();
+    if (Covers(surface)) {
+        std::erase(covering_, surface);
+        if (visible) {
+            covering_.push_back(surface);
+            widget->raise();
+        }
+        for (const Surface each : covering_)
+            Find(each)->setEnabled(each == covering_.back());
+    }
     widget->setVisible(visible);
+}
+
+bool MainSurfaces::Covers(Surface surface)
+{
+    return surface == Surface::TabIn || surface == Surface::TabUtil || surface == Surface::TabOptions ||
+           surface == Surface::NumDisp || surface == Surface::LMChart;
+}
+
+std::optional<Surface> MainSurfaces::Topmost() const
+{
+    return covering_.empty() ? std::nullopt : std::optional(covering_.back());
 }
 
 bool MainSurfaces::IsShown(Surface surface) const

@@ -7,6 +7,8 @@
 #include <QWidget>
 
 #include <map>
+#include <optional>
+#include <vector>
 
 namespace merov::platform
 {
@@ -32,7 +34,15 @@ public:
     /// Puts in a surface of its own size, which is kept in the middle.
     void AddTab(Surface surface, QWidget* tab);
 
+    /// Shows or hides a surface. Of those that cover each other the one shown last lies on top, and it alone
+    /// takes keys and letters.
     void SetVisible(Surface surface, bool visible);
+
+    /// True for a surface that covers what is shown already: the tabs and the results.
+    static bool Covers(Surface surface);
+
+    /// The covering surface that lies on top; nothing on the main screen.
+    std::optional<Surface> Topmost() const;
 
     /// Whether a surface is shown, also while the window itself is not yet.
     bool IsShown(Surface surface) const;
@@ -54,6 +64,7 @@ private:
     void ArrangePictures();
 
     std::map<Surface, QWidget*> surfaces_;
+    std::vector<Surface> covering_; ///< those shown, from below to the top
     platform::RichTextBox* rtfNumDisp_;
     platform::RichTextBox* rtfCalcWP_;
     MainToolBars* toolBars_ = nullptr;

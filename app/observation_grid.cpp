@@ -165,7 +165,8 @@ void ObservationGrid::ShowRows()
     CloseEditor();
     for (int row = 1; row < Rows(); ++row)
         ShowRow(row);
-    GoTo(1, 0);
+    previousRow_ = 1;
+    GoToQuietly(1, 0); // the program's own step asks nothing of the row that it leaves
 }
 
 void ObservationGrid::ShowRow(int row)

@@ -74,7 +74,7 @@ void PositionPage::MakeTimes()
     for (int i = 0; i < 2; ++i) {
         auto* picker = new platform::TimePicker;
         picker->setObjectName(QStringLiteral("dtpTime(%1)").arg(i));
-        picker->setToolTip(QStringLiteral("! GMT"));
+        if (i == 1) picker->setToolTip(QStringLiteral("! GMT"));
         picker->OnLeave = [this, i] {
             LeaveTime(i);
             return true;

@@ -105,19 +105,24 @@ void TabIn::Erase()
     input_.ChartMargin = FirstChartMargin;
     ShowPage(PositionTab);
     fix::EraseEntries(input_.Entry, input_.Session, ephemeris::CurrentGmtHour());
-    position_->ShowEntries();
-    conditions_->ShowEntries();
-    fields_->ShowEntries();
+    ShowFields();
     Grid().BuildObsGrid();
     Grid().EraseEditors();
+    // The page that was erased took the keyboard with it.
+    if (isVisible() && window()->focusWidget() == &Header()) TakeFocusOn(PositionTab);
 }
 
 void TabIn::ShowEntries()
 {
+    ShowFields();
+    Grid().ShowRows();
+}
+
+void TabIn::ShowFields()
+{
     position_->ShowEntries();
     conditions_->ShowEntries();
     fields_->ShowEntries();
-    Grid().ShowRows();
 }
 
 void TabIn::EnterTab()

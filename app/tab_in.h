@@ -35,6 +35,9 @@ public:
     /// Shows what stands in the entries: texts, colours, times, check boxes, rows of the grid.
     void ShowEntries();
 
+    /// Shows the masked fields and times alone: the grid stays where it is.
+    void ShowFields();
+
     /// The tab-entry handler, for the tab now on top: asks whether default times are to be kept, checks
     /// what must stand before the tab, and moves the focus into it. Reaching the observations with a
     /// complete input runs OnInputComplete.

@@ -34,6 +34,7 @@ class Dialog : public QFileDialog
 public:
     Dialog(QWidget* parent, const QString& title, const QString& folder) : QFileDialog(parent, title)
     {
+        setObjectName(QStringLiteral("dlgFile"));
         setOptions(DontUseNativeDialog | DontConfirmOverwrite);
         formerPlaces_ = sidebarUrls();
         setDirectory(QDir(folder).exists() ? folder : QDir::homePath());

@@ -43,7 +43,7 @@ void OverlayGrid::SetSize(int rows, int columns)
     setColumnCount(columns);
     for (int column = 0; column < columns; ++column)
         horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), column);
-    SetCurrentQuietly(1, 0);
+    GoToQuietly(1, 0);
 }
 
 void OverlayGrid::RemoveRow(int row)
@@ -51,7 +51,7 @@ void OverlayGrid::RemoveRow(int row)
     const GridCell current = Current();
     const QScopedValueRollback<bool> quiet(quiet_, true);
     removeRow(row - 1);
-    SetCurrentQuietly(std::min(current.Row, Rows() - 1), current.Column);
+    GoToQuietly(std::min(current.Row, Rows() - 1), current.Column);
 }
 
 void OverlayGrid::SortRows(int first, int last, const std::function<int(int, int)>& order)
@@ -72,7 +72,7 @@ void OverlayGrid::SwapRows(int first, int second)
     }
 }
 
-void OverlayGrid::SetCurrentQuietly(int row, int column)
+void OverlayGrid::GoToQuietly(int row, int column)
 {
     const QScopedValueRollback<bool> quiet(quiet_, true);
     if (row >= 1) GoTo(row, column);

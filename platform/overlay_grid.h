@@ -134,6 +134,9 @@ public:
     std::function<QString(GridCell)> CellToolTip;
 
 protected:
+    /// GoTo, of which OnCellChange isn't told.
+    void GoToQuietly(int row, int column);
+
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -146,7 +149,6 @@ private:
     const QTableWidgetItem* Item(int row, int column) const;
     QTableWidgetItem& MakeItem(int row, int column);
     void SwapRows(int first, int second);
-    void SetCurrentQuietly(int row, int column);
     bool EditorHasFocus() const;
     bool EditorKey(QWidget* editor, const QKeyEvent& event);
     bool LeaveEditor();

@@ -35,6 +35,7 @@ QComboBox* MakeList(const QString& name, QLabel& label, QWidget* parent)
 PrintSetup::PrintSetup(Printers& printers, QWidget* parent)
     : ModalForm(QStringLiteral("Print Setup"), parent), printers_(printers)
 {
+    setObjectName(QStringLiteral("dlgCommonDialog"));
     BuildControls();
     ArrangeControls();
     connect(cboPrinters_, &QComboBox::currentIndexChanged, this, [this] { PrinterChosen(); });

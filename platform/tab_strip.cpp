@@ -6,6 +6,8 @@
 #include <QShortcutEvent>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace merov::platform
 {
 
@@ -49,15 +51,26 @@ void TabHeader::wheelEvent(QWheelEvent* event)
 TabStrip::TabStrip(QWidget* parent) : QTabWidget(parent), header_(new TabHeader)
 {
     setTabBar(header_);
-    header_->OnEnter = [this] { Queue(OnGotFocus); };
+    header_->OnEnter = [this] {
+        passed_ = false;
+        Queue(OnGotFocus);
+    };
     header_->OnLeave = [this] {
+        passed_ = false;
         if (OnLostFocus) OnLostFocus();
         return true;
     };
-    header_->OnChosen = [this] { Queue(OnClick); };
+    header_->OnChosen = [this] { Choose(); };
     connect(header_, &QTabBar::tabBarClicked, this, [this](int index) {
-        if (index >= 0 && isTabEnabled(index)) Queue(OnClick);
+        if (index >= 0 && isTabEnabled(index)) Choose();
     });
+}
+
+/// The user has chosen a page.
+void TabStrip::Choose()
+{
+    if (std::exchange(passed_, false)) Queue(OnGotFocus);
+    Queue(OnClick);
 }
 
 void TabStrip::ShowPage(int index)
@@ -67,7 +80,10 @@ void TabStrip::ShowPage(int index)
     const bool focusOnPage =
         index != currentIndex() && page != nullptr && focus != nullptr && (focus == page || page->isAncestorOf(focus));
     Application* application = Application::Running();
-    if (focusOnPage && application != nullptr) application->PassFocus(*header_);
+    if (focusOnPage && application != nullptr) {
+        application->PassFocus(*header_);
+        passed_ = true;
+    }
     setCurrentIndex(index);
 }
 
@@ -82,7 +98,7 @@ void TabStrip::keyPressEvent(QKeyEvent* event)
                        (event->modifiers() & Qt::ControlModifier) && count() > 1;
     if (turns && !TakeFocus(*header_)) return;
     QTabWidget::keyPressEvent(event);
-    if (turns) Queue(OnClick);
+    if (turns) Choose();
 }
 
 void TabStrip::Queue(const std::function<void()>& handler)

@@ -39,7 +39,8 @@ public:
     TabHeader& Header() { return *header_; }
 
     /// Shows a page by program. The focus, where it lay on the page that goes, passes to the headers
-    /// without any handler: no field of either page is left or entered.
+    /// without any handler: no field of either page is left or entered. The next choice of the user then
+    /// counts as the headers' taking of the focus.
     void ShowPage(int index);
 
     std::function<void()> OnGotFocus;  ///< the headers took the focus from some field
@@ -53,9 +54,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void Choose();
     void Queue(const std::function<void()>& handler);
 
     TabHeader* header_;
+    bool passed_ = false; ///< the headers have the focus by ShowPage alone
 };
 
 } // namespace merov::platform

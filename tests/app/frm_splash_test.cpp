@@ -68,7 +68,7 @@ TEST(FrmSplash, ClosesByClickOrKeyAndThenIsTheAboutBox)
     OpenAnd(form, [&] {
         QTest::keyClick(&form, Qt::Key_Shift);
         EXPECT_TRUE(form.isVisible());
-        ClickAt(form, form.findChild<QWidget*>("picSplashFix")->geometry().center());
+        ClickAt(form, form.findChild<QWidget*>("lblSplash")->geometry().center());
     });
     EXPECT_FALSE(form.findChild<QTimer*>("tmrSplash")->isActive());
 
@@ -88,6 +88,7 @@ TEST(FrmSplash, ClosesByClickOrKeyAndThenIsTheAboutBox)
         lookAtAbout();
         ClickAt(form, form.AboutText().geometry().center());
     });
+    OpenAnd(form, [&] { ClickAt(form, form.findChild<QWidget*>("lblSplash")->geometry().center()); });
     OpenAnd(form, [&] {
         lookAtAbout();
         QTest::keyClick(&form, Qt::Key_Space);

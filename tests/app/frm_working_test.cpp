@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "app/observation_grid.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
 #include "fix/fix_summary.h"
@@ -191,6 +192,79 @@ TEST_F(FrmWorkingTest, EachCommandLeadsToItsScreen)
     EXPECT_EQ(Find<TabIn>("tabIn").currentIndex(), 0);
     Window->ShowMainScreen();
     EXPECT_EQ(InView(), MainView);
+}
+
+TEST_F(FrmWorkingTest, OpeningTheInputEntersNothing)
+{
+    Start();
+    Click("bthStarfix");
+    EXPECT_EQ(Window->focusWidget()->objectName(), "dtpTime(0)");
+    EXPECT_FALSE(Window->Input().Entry.Flag(fix::InputFlag::TimeEstPos));
+    EXPECT_FALSE(Window->Input().Entry.Flag(fix::InputFlag::TimeTruePos));
+}
+
+TEST_F(FrmWorkingTest, OnlyTheSurfaceOnTopTakesKeys)
+{
+    Start();
+    Trigger("mnuOptionsTab");
+    Click("bthStarfix");
+    EXPECT_FALSE(Find<QWidget>("ch3OneEstPos(0)").isEnabled());
+    EXPECT_TRUE(Find<QWidget>("mskLat(5)").isEnabled());
+    EXPECT_EQ(Window->focusWidget()->objectName(), "dtpTime(0)");
+    Trigger("mnuAstroErase"); // switches the preferences on again
+    Trigger("mnuOptionsTab");
+    EXPECT_FALSE(Find<QWidget>("mskLat(5)").isEnabled());
+    EXPECT_EQ(Window->focusWidget()->objectName(), "cboEllipsoid");
+    Click("cmdEndTabOptions(0)");
+    EXPECT_TRUE(Find<QWidget>("mskLat(5)").isEnabled());
+    EXPECT_EQ(Window->focusWidget()->objectName(), "dtpTime(0)");
+}
+
+TEST_F(FrmWorkingTest, EachClickOnAHeaderChecksTheWay)
+{
+    const std::string missing = "Missing data|Some data on the other tabs are missing.|Please check that the whole "
+                                "input form is completed.";
+    Start(Sample);
+    auto& tabIn = Find<TabIn>("tabIn");
+    const auto clickObservations = [&] {
+        QTest::mouseClick(&tabIn.Header(), Qt::LeftButton, {}, tabIn.Header().tabRect(2).center());
+        QTest::qWait(0);
+    };
+    clickObservations();
+    EXPECT_EQ(Window->focusWidget()->objectName(), "grdObs");
+    Trigger("mnuAstroErase");
+    Boxes.Answer({numeric::BoxAnswer::Yes});
+    clickObservations();
+    ASSERT_EQ(Boxes.Count(), 2u); // the question about the times, and what is missing
+    EXPECT_EQ(Boxes.TakeTexts()[1], missing);
+    Dialogs.Answers = {Sample};
+    Trigger("mnuAstroLoad");
+    clickObservations();
+    EXPECT_EQ(Window->focusWidget()->objectName(), "grdObs");
+
+    // A button that found something missing leaves the headers with the focus, and the next click asks anew.
+    Trigger("mnuAstroErase");
+    Boxes.Answer({numeric::BoxAnswer::Yes});
+    Click("cmdNextTabIn(0)");
+    EXPECT_EQ(Boxes.TakeAll().size(), 2u);
+    clickObservations();
+    EXPECT_EQ(Boxes.TakeOne(), missing);
+}
+
+TEST_F(FrmWorkingTest, RefusedFixLeavesTheGridWhereItIs)
+{
+    Start(Sample);
+    Find<TabIn>("tabIn").ShowPage(2);
+    auto& grid = Find<ObservationGrid>("grdObs");
+    grid.setFocus();
+    grid.GoTo(8, 0);
+    QTest::keyClick(&grid, ' ');
+    Click("cmdNumRes");
+    EXPECT_EQ(Boxes.TakeOne(), "Missing data|Some data are missing or incorrect in the grid.");
+    EXPECT_EQ(grid.Current(), (platform::GridCell{8, 0}));
+    QTest::keyClick(&grid, Qt::Key_Delete, Qt::ControlModifier);
+    Click("cmdNumRes");
+    EXPECT_EQ(grid.Current(), (platform::GridCell{1, 0}));
 }
 
 TEST_F(FrmWorkingTest, FileOfTheCommandLineIsLoaded)

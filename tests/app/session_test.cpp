@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "app/tab_in.h"
+#include "ephemeris/time_lib.h"
 #include "fix/observation_file.h"
 #include "fix/run_fix.h"
 #include "numeric/inout_lib.h"
@@ -15,6 +16,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTimer>
 
 /// Whole sessions, typed and clicked as a navigator does.
 
@@ -149,10 +151,14 @@ TEST_F(SessionTest, TypedEveningGivesTheFixOfItsSavedFile)
         TypeSight("38:37", "DENEB", "64205");
         TypeSight("41:06", "ALK", "40076");
         TypeSight("43:29", "POLA", "38123");
-        // The last sight by the time capture: F5, a correction, then the space bar.
+        // The last sight by the time capture: F5 15 seconds after it, then the space bar.
         auto& grid = Find<platform::OverlayGrid>("grdObs");
         EXPECT_EQ(grid.Current(), (platform::GridCell{7, 0}));
-        Window->Input().StoredTime = Window->Input().Entry.TimeTruePos + 6.0 / 1440 + 14.0 / 86400;
+        const double sight = ephemeris::JoinDateTime({2024, 9, 14, 19, 46, 14});
+        Clock.Advance((sight - Clock.Now().Utc) * 86400.0 + 15.0);
+        QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+        Press(Qt::Key_F5);
+        EXPECT_NEAR(Window->Input().StoredTime, sight, 1e-9);
         Type(" ");
         EXPECT_EQ(Window->Input().StoredTime, 0.0);
         Press(Qt::Key_Tab);
