@@ -2,9 +2,9 @@
 
 #include "app/frm_working.h"
 #include "ephemeris/astro_lib.h"
-#include "platform/printers.h"
 #include "support/fake_clock.h"
 #include "support/map_settings.h"
+#include "support/no_printers.h"
 #include "support/qt_text.h"
 #include "support/screen_boxes.h"
 #include "support/scripted_dialogs.h"
@@ -23,15 +23,6 @@ namespace merov::test
 
 const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
 const QString Sample = RunDir + "/Observations/evening_stars.obs";
-
-class NoPrinters : public platform::Printers
-{
-public:
-    QStringList Names() const override { return {}; }
-
-protected:
-    QString Default() const override { return {}; }
-};
 
 /// The whole program without its main: the main window with a world of its own.
 class Program : public testing::Test

@@ -9,9 +9,9 @@
 #include "platform/application.h"
 #include "platform/masked_edit.h"
 #include "platform/message_boxes.h"
-#include "platform/printers.h"
 #include "support/fake_clock.h"
 #include "support/map_settings.h"
+#include "support/no_printers.h"
 #include "support/scripted_dialogs.h"
 
 #include <QAction>
@@ -35,15 +35,6 @@ using namespace merov;
 using platform::MaskedEdit;
 
 const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
-
-class NoPrinters : public platform::Printers
-{
-public:
-    QStringList Names() const override { return {}; }
-
-protected:
-    QString Default() const override { return {}; }
-};
 
 /// Draws a window where it stands, with the caption that a desktop gives a dialog.
 void DrawWindow(QPainter& painter, QWidget& window)
@@ -215,7 +206,7 @@ private:
     Photographer& camera_;
     test::MapSettings settings_;
     test::ScriptedDialogs dialogs_;
-    NoPrinters printers_;
+    test::NoPrinters printers_;
     QTemporaryDir home_;
     app::FrmWorking window_;
 };
