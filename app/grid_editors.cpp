@@ -79,16 +79,9 @@ int GridEditors::Width(GridColumn column) const
 {
     const QFontMetrics letters(Control(column)->font());
     switch (column) {
-    case GridColumn::Time: {
-        // The picker itself reckons with the months in which its range begins and ends.
-        int widest = 0;
-        for (int month = 1; month <= 12; ++month)
-            widest = std::max(widest, letters.horizontalAdvance(QString::fromStdString(ephemeris::MonthName(month))));
-        const int reckoned = letters.horizontalAdvance(QString::fromStdString(ephemeris::MonthName(1)));
-        return time_->sizeHint().width() + widest - reckoned;
-    }
+    case GridColumn::Time:
     case GridColumn::Body:
-        return body_->sizeHint().width();
+        return Control(column)->sizeHint().width();
     default:
         return letters.horizontalAdvance(QStringLiteral("00°00'.00")) + FieldMargins;
     }

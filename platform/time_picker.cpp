@@ -54,6 +54,18 @@ void TimePicker::SetValue(double dateTime)
     setting_ = false;
 }
 
+QSize TimePicker::sizeHint() const
+{
+    // Qt reckons with the months in which the range begins and ends.
+    const auto width = [this](int month) {
+        return fontMetrics().horizontalAdvance(locale().monthName(month, QLocale::ShortFormat));
+    };
+    int widest = 0;
+    for (int month = 1; month <= 12; ++month)
+        widest = std::max(widest, width(month));
+    return QDateTimeEdit::sizeHint() + QSize(widest - width(First.Month), 0);
+}
+
 /// Without this Tab would walk through day, month, year, hour, minute and second.
 bool TimePicker::focusNextPrevChild(bool next)
 {

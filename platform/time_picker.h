@@ -25,6 +25,10 @@ public:
     /// The user changed the value; SetValue doesn't run it.
     std::function<void()> OnChange;
 
+    /// Room for the longest name of a month.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
     bool focusNextPrevChild(bool next) override;
 
