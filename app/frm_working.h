@@ -141,6 +141,7 @@ private:
     QString startFile_;         ///< loaded without a dialog by the next load
     bool astroStarted_ = false; ///< the input has been erased for the first time
     bool computing_ = false;    ///< a fix is under way
+    int erasures_ = 0;          ///< of the input so far
     bool ending_ = false;       ///< the program closes its windows itself
 };
 

@@ -76,6 +76,7 @@ void FrmWorking::cmdLoadObs()
 
 void FrmWorking::cmdEraseObs()
 {
+    ++erasures_;
     tabIn_->Erase();
     staNumDisp_->ShowSimple();
     Change(Transition::EraseEntries);
@@ -107,10 +108,14 @@ bool FrmWorking::LeaveEditedField()
 /// @return false after the box of a check
 bool FrmWorking::ComputeFix()
 {
-    if (computing_) return false; // the commit below serves events, such as a second click
+    if (computing_) return false; // a second click
     const QScopedValueRollback<bool> computing(computing_, true);
     if (!LeaveEditedField()) return false;
+    const bool onInput = IsVisible(Surface::TabIn);
+    const int erasures = erasures_;
     tabIn_->CommitGridEditor();
+    // It serves events: meanwhile the user may have gone elsewhere, or begun anew.
+    if (erasures != erasures_ || (onInput && !IsVisible(Surface::TabIn))) return false;
     const sailing::EarthModel& earth = sailing::ActiveEllipsoid();
     const bool computed =
         fix::RunFix(input_.Entry, input_.Session, earth.InverseFlattening, earth.SemiMajorAxisNm, input_.Journal);
@@ -156,6 +161,7 @@ void FrmWorking::bthBackStarFix()
 
 void FrmWorking::mnuOptionsTab()
 {
+    if (!LeaveEditedField()) return; // what it refuses would be out of sight underneath
     surfaces_->CenterTab(Surface::TabOptions);
     tabOptions_->ShowPage(0);
     Change(Transition::Options);

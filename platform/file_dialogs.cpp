@@ -21,8 +21,9 @@ constexpr int RoomyWidth = 720; // pixels
 constexpr int RoomyHeight = 440;
 constexpr int PlacesWidth = 150;
 constexpr int NameWidth = 240;
-constexpr int DetailWidth = 80;
-constexpr int DateWidth = 140;
+constexpr int SizeWidth = 80;
+constexpr int DateWidth = 200;
+constexpr int TypeColumn = 2;
 
 constexpr qint64 LongestReturn = 300; // milliseconds
 constexpr unsigned long ReturnStep = 5;
@@ -77,8 +78,9 @@ private:
         resize(RoomyWidth, RoomyHeight);
         if (auto* parts = findChild<QSplitter*>()) parts->setSizes({PlacesWidth, RoomyWidth - PlacesWidth});
         if (const auto* list = findChild<QTreeView*>()) {
+            list->header()->hideSection(TypeColumn); // all are of one kind
             int column = 0;
-            for (const int width : {NameWidth, DetailWidth, DetailWidth, DateWidth})
+            for (const int width : {NameWidth, SizeWidth, 0, DateWidth})
                 list->header()->resizeSection(column++, width);
         }
     }

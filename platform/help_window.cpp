@@ -6,6 +6,7 @@
 #include "numeric/message_box.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QDir>
 #include <QEvent>
 #include <QScreen>
@@ -118,6 +119,15 @@ void HelpWindow::ShowTopic(const QString& file, const QString& page)
     show();
     raise();
     activateWindow();
+}
+
+/// Not every screen hands the activation back, and without it no key would reach the owner.
+void HelpWindow::closeEvent(QCloseEvent* event)
+{
+    const bool wasActive = isActiveWindow();
+    QMainWindow::closeEvent(event);
+    if (wasActive && parentWidget() != nullptr && parentWidget()->window()->isVisible())
+        parentWidget()->activateWindow();
 }
 
 /// The owner went from the screen by the program, not to the task bar by the user.

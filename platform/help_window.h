@@ -17,7 +17,8 @@ namespace merov::platform
 class ChmFile;
 
 /// The window that shows a compiled manual (".chm"): its table of contents at the left, a page at the
-/// right. Links lead within the manual only. Escape closes the window, and so does the end of its owner.
+/// right. Links lead within the manual only. Escape closes the window, and so does the end of its owner,
+/// which otherwise is the active window again behind it.
 class HelpWindow : public QMainWindow
 {
 public:
@@ -33,6 +34,9 @@ public:
     void ShowTopic(const QString& file, const QString& page = {});
 
     bool eventFilter(QObject* owner, QEvent* event) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     class Browser;

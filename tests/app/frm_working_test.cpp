@@ -212,7 +212,17 @@ TEST_F(FrmWorkingTest, OnlyTheSurfaceOnTopTakesKeys)
     EXPECT_TRUE(Find<QWidget>("mskLat(5)").isEnabled());
     EXPECT_EQ(Window->focusWidget()->objectName(), "dtpTime(0)");
     Trigger("mnuAstroErase"); // switches the preferences on again
+    // The field that they cover is left first, and may refuse.
+    auto& latitude = Find<platform::MaskedEdit>("mskLat(5)");
+    Click("mskLat(5)");
+    latitude.setText("95°00'.0 N");
     Trigger("mnuOptionsTab");
+    EXPECT_EQ(Boxes.TakeOne(), " Error in input data|Latitude > 90°.");
+    EXPECT_TRUE(latitude.isEnabled());
+    EXPECT_EQ(Window->focusWidget(), &latitude);
+    latitude.setText("38°43'.0 N");
+    Trigger("mnuOptionsTab");
+    EXPECT_TRUE(Window->Input().Entry.Flag(fix::InputFlag::EstLat));
     EXPECT_FALSE(Find<QWidget>("mskLat(5)").isEnabled());
     EXPECT_EQ(Window->focusWidget()->objectName(), "cboEllipsoid");
     Click("cmdEndTabOptions(0)");

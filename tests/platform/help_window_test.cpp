@@ -45,10 +45,16 @@ TEST(ChmFile, HasTheTitleTheDefaultTopicAndThePages)
     ASSERT_NE(manual, nullptr);
     EXPECT_EQ(manual->Title(), "Merov Manual");
     EXPECT_EQ(manual->DefaultTopic(), "index.html");
-    EXPECT_EQ(manual->ContentsFile(), "Merov.hhc");
     EXPECT_EQ(manual->Object("Files.html"), BytesOf(MEROV_SOURCE_DIR "/docs/manual/files.html"));
     EXPECT_FALSE(manual->Object("missing.html"));
     EXPECT_FALSE(manual->Object(QString(600, 'a')));
+    // The compiler looks at the links of the pages, not at those of the contents.
+    for (const ChmEntry& entry : ReadChmContents(*manual->Object(manual->ContentsFile()))) {
+        const auto html = manual->Object(entry.Page.section('#', 0, 0));
+        const QString anchor = entry.Page.section('#', 1);
+        EXPECT_TRUE(html && (anchor.isEmpty() || html->contains("id=\"" + anchor.toUtf8() + '"')))
+            << entry.Page.toStdString();
+    }
 }
 
 TEST(ChmFile, RefusesAMissingAShortAndADamagedFile)
@@ -78,14 +84,10 @@ TEST(ChmContents, ReadsLevelsAndLeavesOutWhatIsDamaged)
                           line.arg("Time &amp; tide", "a.html") + "<ul><ul>" + line.arg("10°", "a.html#b") +
                           "</ul></ul></ul></ul></ul>" + line.arg("", "c.html") + line.arg("End", "") +
                           "<LI><OBJECT><param name=\"Name\" value=\"open";
-    const QList<ChmEntry> entries = ReadChmContents(table);
-    ASSERT_EQ(entries.size(), 3);
-    EXPECT_EQ(entries[0].Name, "Time & tide");
-    EXPECT_EQ(entries[0].Level, 0);
-    EXPECT_EQ(entries[1].Page, "a.html#b");
-    EXPECT_EQ(entries[1].Level, 1);
-    EXPECT_EQ(entries[2].Name, "End");
-    EXPECT_EQ(entries[2].Level, 0);
+    QString read;
+    for (const ChmEntry& entry : ReadChmContents(table))
+        read += QString("%1 %2 %3|").arg(entry.Level).arg(entry.Name, entry.Page);
+    EXPECT_EQ(read, "0 Time & tide a.html|1 10° a.html#b|0 End |");
 }
 
 class HelpWindowTest : public testing::Test
@@ -96,19 +98,10 @@ protected:
         owner.resize(300, 200);
         owner.show();
     }
-    QString Text() const { return page.toPlainText(); }
     QString Address() const { return page.source().toString(); }
-    QAction& Command(const char* name) { return *help.findChild<QAction*>(name); }
+    bool CanGoBack() const { return help.findChild<QAction*>("Back")->isEnabled(); }
 
-    /// Goes to the next link by the Tab key until it is the wanted one, and follows it.
-    void FollowLink(const QString& text)
-    {
-        for (int i = 0; i < 20 && page.textCursor().selectedText() != text; i++)
-            QTest::keyClick(&page, Qt::Key_Tab);
-        EXPECT_EQ(page.textCursor().selectedText(), text);
-        QTest::keyClick(&page, Qt::Key_Return);
-    }
-
+    const QTemporaryDir folder;
     test::BoxRecorder boxes;
     QWidget owner;
     HelpWindow help{&owner};
@@ -123,22 +116,22 @@ TEST_F(HelpWindowTest, ShowsTheManualFollowsLinksAndComesBack)
     EXPECT_EQ(help.windowTitle(), "Merov Manual");
     EXPECT_EQ(Address(), "chm:/index.html");
     EXPECT_GT(page.document()->begin().blockFormat().bottomMargin(), 0.0); // the style was found
-    EXPECT_FALSE(Command("Back").isEnabled());
+    EXPECT_FALSE(CanGoBack());
 
-    FollowLink("grid of observations");
+    const QString link = "grid of observations";
+    for (int i = 0; i < 20 && page.textCursor().selectedText() != link; i++)
+        QTest::keyClick(&page, Qt::Key_Tab);
+    QTest::keyClick(&page, Qt::Key_Return);
     EXPECT_EQ(Address(), "chm:/entries.html#grid");
-    EXPECT_TRUE(Text().contains("5°03'.2 N")); // UTF-8
+    EXPECT_TRUE(page.toPlainText().contains("5°03'.2 N")); // UTF-8
     EXPECT_EQ(contents.currentItem()->text(0), "Keys of the grid");
     EXPECT_GT(page.verticalScrollBar()->value(), 0);
-    QTest::keyClick(&help, Qt::Key_Left, Qt::AltModifier);
-    EXPECT_EQ(Address(), "chm:/index.html");
-    QTest::keyClick(&help, Qt::Key_Right, Qt::AltModifier);
-    EXPECT_EQ(Address(), "chm:/entries.html#grid");
-
-    help.ShowTopic(ManualFile); // brought forward, as it stands
-    EXPECT_EQ(Address(), "chm:/entries.html#grid");
-    QTest::keyClick(&help, Qt::Key_Home, Qt::AltModifier);
-    EXPECT_EQ(Address(), "chm:/index.html");
+    for (const auto& [key, address] :
+         {std::pair{Qt::Key_Left, "index.html"}, {Qt::Key_Right, "entries.html#grid"}, {Qt::Key_Home, "index.html"}}) {
+        help.ShowTopic(ManualFile); // brought forward, as it stands
+        QTest::keyClick(&help, key, Qt::AltModifier);
+        EXPECT_EQ(Address(), QString("chm:/") + address);
+    }
     QTest::keyClick(&contents, Qt::Key_Down);
     EXPECT_EQ(Address(), "chm:/first_fix.html");
 }
@@ -146,7 +139,7 @@ TEST_F(HelpWindowTest, ShowsTheManualFollowsLinksAndComesBack)
 TEST_F(HelpWindowTest, StaysWithinTheManual)
 {
     help.ShowTopic(ManualFile, "wizard.html");
-    EXPECT_TRUE(Text().contains("no page \"wizard.html\""));
+    EXPECT_TRUE(page.toPlainText().contains("no page \"wizard.html\""));
     help.ShowTopic(ManualFile, "files.html");
     for (const char* outside : {"http://localhost/", "file:///etc/hostname", "mailto:a@b"})
         page.setSource(QUrl(outside));
@@ -154,37 +147,23 @@ TEST_F(HelpWindowTest, StaysWithinTheManual)
     EXPECT_FALSE(page.loadResource(QTextDocument::ImageResource, QUrl("file:///etc/hostname")).isValid());
 }
 
-/// The compiler looks at the links of the pages, not at those of the contents.
-TEST_F(HelpWindowTest, EveryLineOfTheContentsHasItsPlace)
-{
-    const auto manual = ChmFile::Open(ManualFile);
-    ASSERT_NE(manual, nullptr);
-    for (const ChmEntry& entry : ReadChmContents(*manual->Object(manual->ContentsFile()))) {
-        const auto html = manual->Object(entry.Page.section('#', 0, 0));
-        ASSERT_TRUE(html) << entry.Page.toStdString();
-        const QString anchor = entry.Page.section('#', 1);
-        EXPECT_TRUE(anchor.isEmpty() || html->contains("id=\"" + anchor.toUtf8() + '"')) << entry.Page.toStdString();
-    }
-}
-
 TEST_F(HelpWindowTest, ClosesByEscapeAndWithItsOwner)
 {
     help.ShowTopic(ManualFile, "files.html");
     ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
     QTest::keyClick(&page, Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&owner));
     EXPECT_FALSE(help.isVisible());
     help.ShowTopic(ManualFile);
     EXPECT_EQ(Address(), "chm:/index.html"); // from the beginning
-    EXPECT_FALSE(Command("Back").isEnabled());
+    EXPECT_FALSE(CanGoBack());
     owner.close();
     EXPECT_FALSE(help.isVisible());
 }
 
 TEST_F(HelpWindowTest, AFileThatCantBeReadBringsABoxAndNoWindow)
 {
-    const QTemporaryDir folder;
-    const QByteArray bytes = BytesOf(ManualFile);
-    const QString damaged = Write(folder, bytes.left(bytes.size() - 200));
+    const QString damaged = Write(folder, BytesOf(ManualFile).chopped(200));
     help.ShowTopic(damaged);
     EXPECT_EQ(boxes.TakeOne(), "File unreadable|The manual is missing or damaged:|" + damaged.toStdString());
     EXPECT_FALSE(help.isVisible());
@@ -193,12 +172,8 @@ TEST_F(HelpWindowTest, AFileThatCantBeReadBringsABoxAndNoWindow)
 TEST_F(HelpWindowTest, WithoutContentsThePageTakesTheWholeWindow)
 {
     // The contents are filed under another name than the one that the manual tells.
-    QByteArray bytes = BytesOf(ManualFile);
-    bytes.replace("/Merov.hhc", "/Merov.hhd");
-    const QTemporaryDir folder;
-    help.ShowTopic(Write(folder, bytes));
-    EXPECT_TRUE(page.isVisible());
-    EXPECT_FALSE(contents.isVisible());
+    help.ShowTopic(Write(folder, BytesOf(ManualFile).replace("/Merov.hhc", "/Merov.hhd")));
+    EXPECT_TRUE(page.isVisible() && !contents.isVisible());
 }
 
 } // namespace
