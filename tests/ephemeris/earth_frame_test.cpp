@@ -40,6 +40,15 @@ void PlainNutation(double T, double& psi, double& eps)
     }
 }
 
+TEST(Nutation, AgreesWithAPublishedExample)
+{
+    // J. Meeus, Astronomical Algorithms, example 22.a: 10 April 1987.
+    double psi, eps;
+    ComputeNutation(-0.127296372348, psi, eps);
+    EXPECT_NEAR(psi, -3.788, 5e-4);
+    EXPECT_NEAR(eps, 9.443, 5e-4);
+}
+
 TEST(Nutation, ProductsOfPhasesGiveThePlainSum)
 {
     for (double T = -2.0; T <= 2.0; T += 0.000937) {

@@ -55,11 +55,7 @@ protected:
         Log.clear();
     }
 
-    ~Bench() override
-    {
-        for (QWidget* control : std::initializer_list<QWidget*>{&Entry, &Other, &List, &Button})
-            control->setParent(nullptr);
-    }
+    ~Bench() override { Window.hide(); } // before the record of what its fields do goes
 
     bool LeaveEntry()
     {
@@ -108,15 +104,11 @@ TEST(Application, SetsWhatAllWindowsShare)
 TEST_F(Bench, RunsEachHandlerOncePerMove)
 {
     QTest::keyClick(&Entry, Qt::Key_Tab);
-    EXPECT_EQ(Happened(), "leave other ");
     QTest::keyClick(&Other, Qt::Key_Backtab);
-    EXPECT_EQ(Happened(), "enter ");
     Click(Button);
-    EXPECT_EQ(Happened(), "leave click ");
     QTest::keyClick(&Button, Qt::Key_Return);
     QTest::keyClick(&Button, Qt::Key_Space);
-    QTest::keyClick(&Button, Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(Happened(), "click click click ");
+    EXPECT_EQ(Happened(), "leave other enter leave click click click ");
     EXPECT_FALSE(Button.autoDefault());
 }
 
@@ -134,32 +126,24 @@ TEST_F(Bench, KeepsTheFocusHoweverARefusedFieldIsLeft)
     };
     for (const Leave mode : {Leave::Refuse, Leave::TakeFocusBack})
         for (const auto& [name, go] : ways) {
-            SCOPED_TRACE(name);
             Mode = mode;
             go();
-            const std::string once = mode == Leave::Refuse ? "leave box " : "leave box enter ";
-            EXPECT_EQ(Happened(), once);
-            EXPECT_EQ(Window.focusWidget(), &Entry);
-            EXPECT_FALSE(Button.isDown());
-            EXPECT_EQ(List.currentIndex(), 0);
-            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+            EXPECT_EQ(Happened(), mode == Leave::Refuse ? "leave box " : "leave box enter ") << name;
+            EXPECT_EQ(Window.focusWidget(), &Entry) << name;
+            EXPECT_FALSE(Button.isDown() || List.currentIndex() != 0 || QApplication::activePopupWidget()) << name;
         }
     Mode = Leave::Accept;
     Wheel(List);
     EXPECT_EQ(List.currentIndex(), 1);
-    Click(Button);
-    EXPECT_EQ(Happened(), "leave click ");
 }
 
 TEST_F(Bench, SwallowsThePressDuringWhichABoxWasShown)
 {
     Mode = Leave::AcceptWithBox;
     Click(Button);
-    EXPECT_EQ(Happened(), "leave box ");
-    EXPECT_EQ(Window.focusWidget(), &Button);
-    EXPECT_FALSE(Button.isDown());
+    EXPECT_TRUE(Window.focusWidget() == &Button && !Button.isDown());
     Click(Button);
-    EXPECT_EQ(Happened(), "click ");
+    EXPECT_EQ(Happened(), "leave box click ");
     Entry.setFocus();
     QTest::keyClick(&Entry, Qt::Key_G, Qt::AltModifier); // a key isn't lost to a box
     EXPECT_EQ(Happened(), "enter leave box click ");
@@ -178,13 +162,12 @@ TEST_F(Bench, MenusAndOtherWindowsLeaveNoField)
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     bar->setFocus(Qt::MenuBarFocusReason);
     Entry.setFocus();
-
     QWidget second;
     second.show();
-    second.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&second));
-    Window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+    for (QWidget* next : std::initializer_list<QWidget*>{&second, &Window}) {
+        next->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(next));
+    }
     EXPECT_EQ(Happened(), "");
     EXPECT_TRUE(Entry.hasFocus());
 }
@@ -210,21 +193,21 @@ TEST_F(Bench, AFieldThatIsHiddenDisabledOrPassedByIsNotAsked)
     Entry.show();
     Entry.setFocus();
     Entry.setEnabled(false);
-    EXPECT_EQ(Happened(), "enter other ");
     Entry.setEnabled(true);
     Entry.setFocus();
+    EXPECT_EQ(Happened(), "enter other enter ");
     Application::Running()->PassFocus(Other);
     Click(Button);
-    EXPECT_EQ(Happened(), "enter click ");
+    EXPECT_EQ(Happened(), "click ");
 }
 
 TEST_F(Bench, AHandlerMayDeleteItsFieldOrMoveTheFocusOn)
 {
-    auto* passing = new Field<QLineEdit>(&Window);
-    passing->show();
     Other.OnEnter = [this] { Button.setFocus(); };
     QTest::keyClick(&Entry, Qt::Key_Tab);
     EXPECT_EQ(Window.focusWidget(), &Button);
+    auto* passing = new Field<QLineEdit>(&Window);
+    passing->show();
     passing->setFocus();
     passing->OnLeave = [this, passing] {
         delete passing;
@@ -248,12 +231,10 @@ TEST_F(Bench, ARealBoxReturnsTheFocusToTheRefusedField)
     };
     QTimer::singleShot(0, confirm);
     Click(Button);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
-    EXPECT_TRUE(Entry.hasFocus());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Window) && Entry.hasFocus());
     QTimer::singleShot(0, confirm);
     QTest::keyClick(&Entry, Qt::Key_Tab);
     EXPECT_EQ(Happened(), "leave leave ");
-    Mode = Leave::Accept;
 }
 
 TEST_F(Bench, ASpinButtonStepsWithoutLeavingTheField)
@@ -263,15 +244,14 @@ TEST_F(Bench, ASpinButtonStepsWithoutLeavingTheField)
     spin.OnDown = [this] { Log += "down "; };
     spin.StepByKeysOf(Entry);
     spin.show();
+    spin.setEnabled(false);
+    QTest::keyClick(&Entry, Qt::Key_Up);
+    spin.setEnabled(true);
     Click(spin.UpArrow());
     Click(spin.DownArrow());
     QTest::keyClick(&Entry, Qt::Key_Up);
     QTest::keyClick(&Entry, Qt::Key_Down);
     EXPECT_EQ(Happened(), "up down up down ");
-    spin.setEnabled(false);
-    QTest::keyClick(&Entry, Qt::Key_Up);
-    EXPECT_EQ(Happened(), "");
-    spin.setEnabled(true);
     QTest::mousePress(&spin.UpArrow(), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([this] { return Log.count("up ") > 2; }));
     QTest::mouseRelease(&spin.UpArrow(), Qt::LeftButton);

@@ -34,8 +34,7 @@ QByteArray BytesOf(const QString& path)
 QString Write(const QTemporaryDir& folder, const QByteArray& bytes)
 {
     QFile file(folder.filePath("manual.chm"));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     return file.fileName();
 }
 
@@ -93,11 +92,7 @@ TEST(ChmContents, ReadsLevelsAndLeavesOutWhatIsDamaged)
 class HelpWindowTest : public testing::Test
 {
 protected:
-    HelpWindowTest()
-    {
-        owner.resize(300, 200);
-        owner.show();
-    }
+    HelpWindowTest() { owner.show(); }
     QString Address() const { return page.source().toString(); }
     bool CanGoBack() const { return help.findChild<QAction*>("Back")->isEnabled(); }
 
@@ -154,24 +149,20 @@ TEST_F(HelpWindowTest, ClosesByEscapeAndWithItsOwner)
     QTest::keyClick(&page, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitForWindowActive(&owner));
     EXPECT_FALSE(help.isVisible());
-    help.ShowTopic(ManualFile);
-    EXPECT_EQ(Address(), "chm:/index.html"); // from the beginning
-    EXPECT_FALSE(CanGoBack());
+    help.ShowTopic(ManualFile); // from the beginning
+    EXPECT_TRUE(Address() == "chm:/index.html" && !CanGoBack());
     owner.close();
     EXPECT_FALSE(help.isVisible());
 }
 
-TEST_F(HelpWindowTest, AFileThatCantBeReadBringsABoxAndNoWindow)
+TEST_F(HelpWindowTest, DamagedFiles)
 {
     const QString damaged = Write(folder, BytesOf(ManualFile).chopped(200));
     help.ShowTopic(damaged);
     EXPECT_EQ(boxes.TakeOne(), "File unreadable|The manual is missing or damaged:|" + damaged.toStdString());
     EXPECT_FALSE(help.isVisible());
-}
-
-TEST_F(HelpWindowTest, WithoutContentsThePageTakesTheWholeWindow)
-{
-    // The contents are filed under another name than the one that the manual tells.
+    // Without contents the page takes the whole window: the contents are filed under another name than the one that the
+    // manual tells.
     help.ShowTopic(Write(folder, BytesOf(ManualFile).replace("/Merov.hhc", "/Merov.hhd")));
     EXPECT_TRUE(page.isVisible() && !contents.isVisible());
 }

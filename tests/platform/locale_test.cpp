@@ -8,16 +8,8 @@
 
 namespace merov::platform
 {
-namespace
-{
 
-class Locale : public testing::Test
-{
-protected:
-    ~Locale() override { ApplyLocale(QLocale::c()); }
-};
-
-TEST_F(Locale, TheCoreWritesNumbersAndMonthsAsTheSystemDoes)
+TEST(Locale, TheCoreWritesNumbersAndMonthsAsTheSystemDoes)
 {
     ApplyLocale(QLocale("de_DE"));
     EXPECT_EQ(numeric::DecimalSeparator(), ",");
@@ -26,24 +18,18 @@ TEST_F(Locale, TheCoreWritesNumbersAndMonthsAsTheSystemDoes)
     ApplyLocale(QLocale("ar_EG"));
     EXPECT_EQ(numeric::DecimalSeparator(), "٫") << "one character, two bytes";
     ApplyLocale(QLocale::c());
-    EXPECT_EQ(numeric::DecimalSeparator(), ".");
-    EXPECT_EQ(ephemeris::FormatDateTime(38128.75, "d mmm yyyy"), "21 May 2004");
+    EXPECT_EQ(numeric::DecimalSeparator() + ephemeris::FormatDateTime(38128.75, "d mmm yyyy"), ".21 May 2004");
 }
 
-TEST_F(Locale, TimeOfDayHasSecondsAndNoZone)
+TEST(Locale, TimeOfDayHasSecondsAndNoZone)
 {
-    const double evening = 38128.0 + (18 * 3600 + 2 * 60 + 14.7) / 86400.0;
-    const struct {
-        const char* locale;
-        const char* text;
-    } cases[] = {{"C", "18:02:15"},     {"de_DE", "18:02:15"},        {"en_US", "6:02:15 PM"},
-                 {"fi_FI", "18.02.15"}, {"hr_HR", "18:02:15"},        {"nn_NO", "kl. 18:02:15"},
-                 {"be_BY", "18:02:15"}, {"fr_CA", "18 h 02 min 15 s"}};
-    for (const auto& test : cases)
-        EXPECT_EQ(TimeOfDayText(evening, QLocale(test.locale)).replace(QChar(0xA0), ' ').replace(QChar(0x202F), ' '),
-                  QString(test.text))
-            << test.locale;
+    const std::pair<const char*, const char*> cases[] = {{"C", "18:02:15"},         {"en_US", "6:02:15 PM"},
+                                                         {"fi_FI", "18.02.15"},     {"hr_HR", "18:02:15"},
+                                                         {"nn_NO", "kl. 18:02:15"}, {"fr_CA", "18 h 02 min 15 s"}};
+    for (const auto& [locale, text] : cases) {
+        const QString shown = TimeOfDayText(38128.0 + (18 * 3600 + 2 * 60 + 14.7) / 86400.0, QLocale(locale));
+        EXPECT_EQ(QString(shown).replace(QChar(0xA0), ' ').replace(QChar(0x202F), ' '), text);
+    }
 }
 
-} // namespace
 } // namespace merov::platform

@@ -1,15 +1,14 @@
 #include "platform/message_boxes.h"
+#include "support/qt_text.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
 using merov::platform::AskUser;
-using merov::platform::MessageBoxes;
 using namespace merov::numeric;
 
 namespace
@@ -34,60 +33,35 @@ BoxAnswer Press(const Box& box, QMessageBox::StandardButton button, const std::f
 
 TEST(MessageBoxes, AnswersWhatWasPressed)
 {
-    const struct {
-        BoxButtons Buttons;
-        QMessageBox::StandardButton Press;
-        BoxAnswer Answer;
-    } rows[] = {
+    const std::tuple<BoxButtons, QMessageBox::StandardButton, BoxAnswer> rows[] = {
         {BoxButtons::Ok, QMessageBox::Ok, BoxAnswer::Ok},
         {BoxButtons::Ok, QMessageBox::NoButton, BoxAnswer::Ok},
         {BoxButtons::YesNo, QMessageBox::Yes, BoxAnswer::Yes},
         {BoxButtons::YesNo, QMessageBox::No, BoxAnswer::No},
         {BoxButtons::YesNo, QMessageBox::NoButton, BoxAnswer::No},
         {BoxButtons::RetryCancel, QMessageBox::Retry, BoxAnswer::Retry},
-        {BoxButtons::RetryCancel, QMessageBox::Cancel, BoxAnswer::Cancel},
-        {BoxButtons::RetryCancel, QMessageBox::NoButton, BoxAnswer::Cancel},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(Press({"Title", {"line"}, BoxIcon::Question, row.Buttons}, row.Press), row.Answer)
-            << static_cast<int>(row.Buttons) << " " << row.Press;
+        {BoxButtons::RetryCancel, QMessageBox::NoButton, BoxAnswer::Cancel}};
+    for (const auto& [buttons, press, answer] : rows)
+        EXPECT_EQ(Press({"Title", {"line"}, BoxIcon::Question, buttons}, press), answer) << press;
 }
 
-TEST(MessageBoxes, ShowsTitleLinesAndIconAsTheyAre)
-{
-    const Box box = {" Error in input data", {"Latitude > 90°.", "<b>not bold</b>"}, BoxIcon::Warning, BoxButtons::Ok};
-    Press(box, QMessageBox::Ok, [](QMessageBox& window) {
-        EXPECT_EQ(window.windowTitle().toStdString(), " Error in input data");
-        EXPECT_EQ(window.text().toStdString(), "Latitude > 90°.\n<b>not bold</b>");
-        EXPECT_EQ(window.textFormat(), Qt::PlainText);
-        EXPECT_EQ(window.icon(), QMessageBox::Warning);
-    });
-    const std::pair<BoxIcon, QMessageBox::Icon> icons[] = {{BoxIcon::Error, QMessageBox::Critical},
-                                                           {BoxIcon::Information, QMessageBox::Information},
-                                                           {BoxIcon::Question, QMessageBox::Question}};
-    for (const auto& [icon, shown] : icons)
-        Press({"T", {"x"}, icon, BoxButtons::Ok}, QMessageBox::Ok,
-              [shown = shown](QMessageBox& window) { EXPECT_EQ(window.icon(), shown); });
-}
-
-TEST(MessageBoxes, GivesTheActivationBackToTheWindowBelow)
+TEST(MessageBoxes, ShowsTitleLinesAndIconAndGivesTheActivationBack)
 {
     QWidget window;
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    Press({"T", {"x"}, BoxIcon::Error, BoxButtons::Ok}, QMessageBox::Ok);
+    const std::pair<BoxIcon, QMessageBox::Icon> icons[] = {{BoxIcon::Warning, QMessageBox::Warning},
+                                                           {BoxIcon::Error, QMessageBox::Critical},
+                                                           {BoxIcon::Information, QMessageBox::Information},
+                                                           {BoxIcon::Question, QMessageBox::Question}};
+    for (const auto& [icon, shown] : icons)
+        Press({" Error in input data", {"Latitude > 90°.", "<b>not bold</b>"}, icon, BoxButtons::Ok}, QMessageBox::Ok,
+              [shown = shown](QMessageBox& box) {
+                  EXPECT_EQ(box.windowTitle(), " Error in input data");
+                  EXPECT_EQ(box.text(), "Latitude > 90°.\n<b>not bold</b>");
+                  EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                  EXPECT_EQ(box.icon(), shown);
+              });
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-}
-
-TEST(MessageBoxes, AreAnsweredByATestInPlaceOfTheUser)
-{
-    std::vector<std::string> titles;
-    MessageBoxes boxes([&titles](const Box& box) {
-        titles.push_back(box.Title);
-        return BoxAnswer::Yes;
-    });
-    const ScopedBoxReceiver scope(boxes);
-    EXPECT_EQ(ShowBox({"Data's not validated", {}, BoxIcon::Question, BoxButtons::YesNo}), BoxAnswer::Yes);
-    EXPECT_EQ(titles, std::vector<std::string>{"Data's not validated"});
 }

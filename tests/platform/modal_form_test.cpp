@@ -1,29 +1,19 @@
 #include "platform/modal_form.h"
+#include "support/qt_text.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
-namespace merov::platform
-{
+using namespace merov::platform;
+
 namespace
 {
 
-class Form : public ModalForm
-{
-public:
+struct Form : ModalForm {
     explicit Form(QWidget* parent) : ModalForm(" About", parent) {}
-    bool Show(bool accepted)
-    {
-        QTimer::singleShot(0, this, [this, accepted] {
-            EXPECT_EQ(QApplication::activeModalWidget(), this);
-            done(accepted ? Accepted : Rejected);
-        });
-        return ShowModal();
-    }
     using ModalForm::ShowModal;
 };
 
@@ -32,10 +22,14 @@ class ModalFormTest : public testing::Test
 protected:
     ModalFormTest()
     {
-        window.show();
         field.setFocus();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        Activate(window);
+    }
+    static void Activate(QWidget& shown)
+    {
+        shown.show();
+        shown.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
     }
     QWidget window;
     QLineEdit field{&window};
@@ -45,23 +39,19 @@ TEST_F(ModalFormTest, GivesTheActivationBackAndKeepsItsControls)
 {
     Form form(&field);
     QLineEdit entry(&form);
-    EXPECT_EQ(form.windowTitle().toStdString(), " About");
-    QTimer::singleShot(0, &entry, [&entry] { QTest::keyClicks(&entry, "12"); });
-    EXPECT_TRUE(form.Show(true));
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(form.windowTitle(), " About");
+    QTimer::singleShot(0, &form, [&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), &form);
+        QTest::keyClicks(&entry, "12");
+        form.accept();
+    });
+    EXPECT_TRUE(form.ShowModal());
     EXPECT_TRUE(QTest::qWaitFor([this] { return field.hasFocus(); }, 500));
-    EXPECT_FALSE(form.Show(false));
-    EXPECT_EQ(entry.text().toStdString(), "12");
-}
-
-TEST_F(ModalFormTest, GivesTheActivationToTheWindowThatHadIt)
-{
-    QWidget beside(&window, Qt::Window);
-    beside.show();
-    beside.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&beside));
-    Form form(&window);
-    form.Show(true);
+    QWidget beside(&window, Qt::Window); // another window that has the activation next
+    Activate(beside);
+    QTimer::singleShot(0, &form, &QDialog::reject);
+    EXPECT_FALSE(form.ShowModal());
+    EXPECT_EQ(entry.text(), "12");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&beside));
 }
 
@@ -74,4 +64,3 @@ TEST_F(ModalFormTest, MayBeDestroyedWhileItIsShown)
 }
 
 } // namespace
-} // namespace merov::platform

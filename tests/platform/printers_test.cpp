@@ -11,23 +11,15 @@
 
 namespace merov::platform
 {
-namespace
-{
-
-class ListedPrinters : public Printers
-{
-public:
+struct ListedPrinters : Printers {
     QStringList Listed;
     QString First;
-
     QStringList Names() const override { return Listed; }
     QList<QPageSize> Papers(const QString& printer) const override
     {
         if (printer == "Labels") return {QPageSize(QPageSize::A6), QPageSize(QPageSize::A5)};
         return Printers::Papers(printer);
     }
-
-protected:
     QString Default() const override { return First; }
     QPageSize DefaultPaper() const override { return QPageSize(QPageSize::A4); }
 };
@@ -36,8 +28,7 @@ class PrintersTest : public testing::Test
 {
 protected:
     /// Shows the dialog, runs `use` on it and presses a key in it.
-    template <class Use>
-    bool Ask(Use use, Qt::Key key)
+    bool Ask(const std::function<void(const QDialog&)>& use, Qt::Key key)
     {
         QTimer::singleShot(0, [use, key] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -50,16 +41,12 @@ protected:
         return AskPrintSetup(printers, &window);
     }
     static QComboBox& List(const QDialog& dialog, const char* name) { return *dialog.findChild<QComboBox*>(name); }
-    static QRadioButton& Option(const QDialog& dialog, const char* name)
-    {
-        return *dialog.findChild<QRadioButton*>(name);
-    }
+    static QRadioButton& Landscape(const QDialog& dialog) { return *dialog.findChild<QRadioButton*>("optLandscape"); }
     void ExpectSet(const QString& printer, QPageSize::PageSizeId paper, QPageLayout::Orientation orientation)
     {
+        const QPageLayout layout = printers.Layout();
         EXPECT_EQ(printers.Current(), printer);
-        EXPECT_EQ(printers.Layout().pageSize().id(), paper);
-        EXPECT_EQ(printers.Layout().orientation(), orientation);
-        EXPECT_TRUE(printers.Layout().isValid());
+        EXPECT_TRUE(layout.isValid() && layout.pageSize().id() == paper && layout.orientation() == orientation);
     }
 
     ListedPrinters printers;
@@ -73,41 +60,40 @@ TEST_F(PrintersTest, ThePrinterInUseIsOneThatIsThere)
     EXPECT_EQ(printers.Current(), "Bridge");
     printers.First = "Labels";
     EXPECT_EQ(printers.Current(), "Labels");
-    printers.SetCurrent("Bridge");
-    EXPECT_EQ(printers.Current(), "Bridge");
-    printers.Listed = {"Labels"};
-    EXPECT_EQ(printers.Current(), "Labels"); // the other one was unplugged
+    printers.First = "Bridge";
+    printers.SetCurrent("Labels");
+    EXPECT_EQ(printers.Current(), "Labels");
+    printers.Listed = {"Bridge"};
+    EXPECT_EQ(printers.Current(), "Bridge"); // the other one was unplugged
 }
 
 TEST_F(PrintersTest, OkSetsWhatWasChosenAndTheNextDialogShowsIt)
 {
     printers.Listed = {"Bridge", "Chart room"};
-    EXPECT_TRUE(Ask(
-        [](const QDialog& dialog) {
-            EXPECT_EQ(List(dialog, "cboPrinters").currentText(), "Bridge");
-            EXPECT_EQ(List(dialog, "cboPaper").currentText(), "A4");
-            QTest::keyClick(&List(dialog, "cboPrinters"), Qt::Key_Down);
-            QTest::keyClicks(&List(dialog, "cboPaper"), "Let");
-            QTest::mouseClick(&Option(dialog, "optLandscape"), Qt::LeftButton, {}, QPoint(8, 8));
-        },
-        Qt::Key_Return));
+    const auto choose = [](const QDialog& dialog) {
+        EXPECT_EQ(List(dialog, "cboPrinters").currentText(), "Bridge");
+        EXPECT_EQ(List(dialog, "cboPaper").currentText(), "A4");
+        QTest::keyClick(&List(dialog, "cboPrinters"), Qt::Key_Down);
+        QTest::keyClicks(&List(dialog, "cboPaper"), "Let");
+        Landscape(dialog).click();
+    };
+    EXPECT_TRUE(Ask(choose, Qt::Key_Return));
     ExpectSet("Chart room", QPageSize::Letter, QPageLayout::Landscape);
 
     const auto change = [](const QDialog& dialog) {
         EXPECT_EQ(List(dialog, "cboPrinters").currentText(), "Chart room");
         EXPECT_TRUE(List(dialog, "cboPaper").currentText().startsWith("Letter"));
-        EXPECT_TRUE(Option(dialog, "optLandscape").isChecked());
+        EXPECT_TRUE(Landscape(dialog).isChecked());
         List(dialog, "cboPrinters").setCurrentIndex(0);
         List(dialog, "cboPaper").setCurrentIndex(0);
-        Option(dialog, "optPortrait").setChecked(true);
+        dialog.findChild<QRadioButton*>("optPortrait")->click();
     };
     EXPECT_FALSE(Ask(change, Qt::Key_Escape));
-    EXPECT_FALSE(Ask(
-        [change](const QDialog& dialog) {
-            change(dialog);
-            QTest::mouseClick(dialog.findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
-        },
-        Qt::Key_Return));
+    const auto cancel = [&](const QDialog& dialog) {
+        change(dialog);
+        dialog.findChild<QPushButton*>("cmdCancel")->click();
+    };
+    EXPECT_FALSE(Ask(cancel, Qt::Key_Return));
     ExpectSet("Chart room", QPageSize::Letter, QPageLayout::Landscape);
 }
 
@@ -115,41 +101,36 @@ TEST_F(PrintersTest, APaperThatAnotherPrinterLacksGivesWay)
 {
     printers.Listed = {"Bridge", "Labels"};
     printers.SetLayout(QPageLayout(QPageSize(QPageSize::A5), QPageLayout::Portrait, QMarginsF()));
-    Ask(
-        [](const QDialog& dialog) {
-            QComboBox& paper = List(dialog, "cboPaper");
-            List(dialog, "cboPrinters").setCurrentText("Labels");
-            EXPECT_EQ(paper.count(), 2);
-            EXPECT_EQ(paper.currentText(), "A5"); // both take it
-            paper.setCurrentText("A6");
-            List(dialog, "cboPrinters").setCurrentText("Bridge");
-            EXPECT_EQ(paper.currentText(), "A5"); // the one in use
-        },
-        Qt::Key_Return);
+    const auto choose = [](const QDialog& dialog) {
+        QComboBox& paper = List(dialog, "cboPaper");
+        List(dialog, "cboPrinters").setCurrentText("Labels");
+        EXPECT_EQ(paper.count(), 2);
+        EXPECT_EQ(paper.currentText(), "A5"); // both take it
+        paper.setCurrentText("A6");
+        List(dialog, "cboPrinters").setCurrentText("Bridge");
+    };
+    Ask(choose, Qt::Key_Return);
+    // The one in use before:
     ExpectSet("Bridge", QPageSize::A5, QPageLayout::Portrait);
 }
 
 TEST_F(PrintersTest, WithoutAPrinterThePaperCanStillBeSet)
 {
-    EXPECT_TRUE(Ask(
-        [](const QDialog& dialog) {
-            EXPECT_FALSE(List(dialog, "cboPrinters").isEnabled());
-            EXPECT_EQ(List(dialog, "cboPrinters").currentText(), "No printer connected to your system");
-            Option(dialog, "optLandscape").click();
-        },
-        Qt::Key_Return));
+    const auto turn = [](const QDialog& dialog) {
+        EXPECT_FALSE(List(dialog, "cboPrinters").isEnabled());
+        EXPECT_EQ(List(dialog, "cboPrinters").currentText(), "No printer connected to your system");
+        Landscape(dialog).click();
+    };
+    EXPECT_TRUE(Ask(turn, Qt::Key_Return));
     ExpectSet("", QPageSize::A4, QPageLayout::Landscape);
 }
 
 TEST(SystemPrinters, ListPapersOfASizeOnceEvenWithoutAPrinter)
 {
-    const SystemPrinters printers;
-    const QList<QPageSize> papers = printers.Papers("no such printer");
+    const QList<QPageSize> papers = SystemPrinters().Papers("no such printer");
     ASSERT_FALSE(papers.isEmpty());
     for (int i = 1; i < papers.size(); i++)
         EXPECT_FALSE(papers[i].isEquivalentTo(papers[i - 1]));
-    EXPECT_TRUE(printers.Layout().isValid());
 }
 
-} // namespace
 } // namespace merov::platform

@@ -1,16 +1,10 @@
 #include "platform/tab_strip.h"
 #include "support/qt_text.h"
 
-#include "platform/masked_edit.h"
-
 #include <QTest>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
-
-#include <array>
-#include <utility>
 
 using namespace merov::platform;
 
@@ -23,27 +17,22 @@ class Strip : public testing::Test
 protected:
     Strip()
     {
-        const std::array<const char*, 3> captions = {"&Position", " Obs. &conditions", "&Observations"};
-        for (std::size_t i = 0; i < captions.size(); ++i) {
+        for (const char* caption : {"&Position", " Obs. &conditions", "&Observations"}) {
             auto* page = new QWidget;
-            auto* layout = new QVBoxLayout(page);
-            fields_[i] = new Field<QLineEdit>;
-            fields_[i]->OnEnter = [this, i] { Log += QString("enter%1 ").arg(i); };
-            fields_[i]->OnLeave = [this, i] {
-                Log += QString("leave%1 ").arg(i);
-                return !Refuse;
-            };
-            layout->addWidget(fields_[i]);
-            Tabs.addTab(page, captions[i]);
+            auto* field = new Field<QLineEdit>(page);
+            field->OnEnter = [this] { Note("enter"); };
+            field->OnLeave = [this] { return Note("leave"), !Refuse; };
+            Fields << field;
+            Tabs.addTab(page, caption);
         }
-        Tabs.OnGotFocus = [this] { Log += QString("focus%1 ").arg(Tabs.currentIndex()); };
-        Tabs.OnLostFocus = [this] { Log += QString("lost%1 ").arg(Tabs.currentIndex()); };
-        Tabs.OnClick = [this] { Log += QString("click%1 ").arg(Tabs.currentIndex()); };
+        Tabs.OnGotFocus = [this] { Note("focus"); };
+        Tabs.OnLostFocus = [this] { Note("lost"); };
+        Tabs.OnClick = [this] { Note("click"); };
         Tabs.resize(500, 200); // all headers in view
         Tabs.show();
         Tabs.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Tabs));
-        fields_[0]->setFocus();
+        Fields[0]->setFocus();
         Happened();
     }
 
@@ -53,6 +42,7 @@ protected:
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers with) { QTest::keyClick(Tabs.focusWidget(), key, with); }
 
+    void Note(const char* what) { Log += what + QString("%1 ").arg(Tabs.currentIndex()); }
     /// What happened since the last call, queued handlers included.
     std::string Happened()
     {
@@ -61,7 +51,7 @@ protected:
     }
 
     TabStrip Tabs;
-    std::array<Field<QLineEdit>*, 3> fields_{};
+    QList<Field<QLineEdit>*> Fields;
     bool Refuse = false;
     QString Log;
 };
@@ -70,38 +60,30 @@ protected:
 
 TEST_F(Strip, RunsItsHandlersForThePageNowOnTop)
 {
-    ClickHeader(1);
-    EXPECT_EQ(Happened(), "leave0 focus1 click1 ");
-    ClickHeader(2); // the strip has the focus already
-    EXPECT_EQ(Happened(), "click2 ");
-    Key(Qt::Key_Left, {});
-    EXPECT_EQ(Happened(), "click1 ");
-    fields_[1]->setFocus();
-    EXPECT_EQ(Happened(), "lost1 enter1 ");
-    Key(Qt::Key_P, Qt::AltModifier);
-    EXPECT_EQ(Happened(), "leave1 focus0 click0 ");
-    fields_[0]->setFocus();
-    Key(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(Happened(), "lost0 enter0 leave0 focus1 click1 ");
+    const std::pair<std::function<void()>, const char*> moves[] = {
+        {[this] { ClickHeader(1); }, "leave0 focus1 click1 "},
+        {[this] { ClickHeader(2); }, "click2 "}, // the strip has the focus already
+        {[this] { Key(Qt::Key_Left, {}); }, "click1 "},
+        {[this] { Fields[1]->setFocus(); }, "lost1 enter1 "},
+        {[this] { Key(Qt::Key_P, Qt::AltModifier); }, "leave1 focus0 click0 "},
+        {[this] { Fields[0]->setFocus(); }, "lost0 enter0 "},
+        {[this] { Key(Qt::Key_Tab, Qt::ControlModifier); }, "leave0 focus1 click1 "}};
+    for (const auto& [move, told] : moves) {
+        move();
+        EXPECT_EQ(Happened(), told);
+    }
     EXPECT_EQ(Tabs.focusWidget(), &Tabs.Header());
 }
 
 TEST_F(Strip, ARefusedFieldKeepsThePage)
 {
     Refuse = true;
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"click", [this] { ClickHeader(2); }},
-        {"letter", [this] { Key(Qt::Key_O, Qt::AltModifier); }},
-        {"Ctrl+Tab", [this] { Key(Qt::Key_Tab, Qt::ControlModifier); }},
-    };
-    for (const auto& [name, go] : ways) {
-        go();
-        EXPECT_EQ(Happened(), "leave0 ") << name;
-        EXPECT_EQ(Tabs.currentIndex(), 0) << name;
-        EXPECT_TRUE(fields_[0]->hasFocus()) << name;
-    }
-    QWheelEvent wheel({5, 5}, Tabs.Header().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
+    ClickHeader(2);
+    Key(Qt::Key_O, Qt::AltModifier);
+    Key(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Happened(), "leave0 leave0 leave0 ");
+    EXPECT_TRUE(Fields[0]->hasFocus());
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&Tabs.Header(), &wheel);
     EXPECT_EQ(Tabs.currentIndex(), 0);
 }
@@ -111,8 +93,7 @@ TEST_F(Strip, ADisabledTabIsOutOfReach)
     Tabs.setTabEnabled(1, false);
     ClickHeader(1);
     Key(Qt::Key_C, Qt::AltModifier);
-    EXPECT_EQ(Tabs.currentIndex(), 0);
-    EXPECT_EQ(Happened().find("click"), std::string::npos);
+    EXPECT_TRUE(Happened().find("click") == std::string::npos && Tabs.currentIndex() == 0);
     Key(Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(Tabs.currentIndex(), 2);
 }
@@ -127,31 +108,22 @@ TEST_F(Strip, AProgramChangesThePageWithoutAskingItsFields)
     Tabs.ShowPage(1);
     Tabs.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Tabs));
-    EXPECT_EQ(Tabs.currentIndex(), 1);
-    EXPECT_EQ(Tabs.focusWidget(), &Tabs.Header());
+    EXPECT_TRUE(Tabs.currentIndex() == 1 && Tabs.focusWidget() == &Tabs.Header());
     EXPECT_EQ(Happened(), "");
-    fields_[1]->setFocus();
+    Fields[1]->setFocus();
     Tabs.ShowPage(1);
     EXPECT_EQ(Happened(), "lost1 enter1 ");
-    EXPECT_TRUE(fields_[1]->hasFocus());
+    EXPECT_TRUE(Fields[1]->hasFocus());
 }
 
 TEST_F(Strip, TabPassesTheHeadersByAndKeysReachTheStrip)
 {
-    Tabs.OnKey = [this](const QKeyEvent& key) {
-        if (key.key() != Qt::Key_F5) return false;
-        Log += "F5 ";
-        return true;
-    };
+    Tabs.OnKey = [this](const QKeyEvent& key) { return key.key() == Qt::Key_F5 && (Note("F5"), true); };
     Key(Qt::Key_F5, {});
     Key(Qt::Key_Tab, {});
-    EXPECT_EQ(Happened(), "F5 ");
-    EXPECT_EQ(Tabs.focusWidget(), fields_[0]);
-}
-
-TEST_F(Strip, AHiddenStripRunsNoQueuedHandler)
-{
-    ClickHeader(1);
+    EXPECT_EQ(Happened(), "F50 ");
+    EXPECT_EQ(Tabs.focusWidget(), Fields[0]);
+    ClickHeader(1); // a strip that is hidden runs no queued handler
     Tabs.hide();
     EXPECT_EQ(Happened(), "leave0 ");
 }
