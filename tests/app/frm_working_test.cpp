@@ -277,6 +277,32 @@ TEST_F(FrmWorkingTest, RefusedFixLeavesTheGridWhereItIs)
     EXPECT_EQ(grid.Current(), (platform::GridCell{1, 0}));
 }
 
+TEST_F(FrmWorkingTest, FixThatTheUserHasLeftIsDropped)
+{
+    Start(Sample);
+    auto& status = Find<platform::StatusPanels>("staNumDisp");
+    auto& grid = Find<ObservationGrid>("grdObs");
+    Find<TabIn>("tabIn").ShowPage(2);
+    // A cell left open is taken in, and while it shows green events are served.
+    const auto fixWhile = [&](const std::function<void()>& act) {
+        grid.setFocus();
+        grid.GoTo(1, 2);
+        QTest::keyClick(&grid, ' ');
+        Clock.OnEvents = act;
+        Window->cmdNumRes();
+        Clock.OnEvents = nullptr;
+    };
+    fixWhile([&] { Window->ShowMainScreen(); });
+    EXPECT_FALSE(status.ShowsPanels());
+    EXPECT_EQ(InView(), MainView);
+    Window->mnuAstroEnter();
+    Find<TabIn>("tabIn").ShowPage(2);
+    fixWhile([] {});
+    EXPECT_TRUE(status.ShowsPanels());
+    fixWhile([&] { Window->cmdEraseObs(); });
+    EXPECT_FALSE(status.ShowsPanels());
+}
+
 TEST_F(FrmWorkingTest, FileOfTheCommandLineIsLoaded)
 {
     const QString file = Home.filePath("my sights.obs");

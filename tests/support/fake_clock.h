@@ -2,6 +2,8 @@
 
 #include "numeric/clock.h"
 
+#include <functional>
+
 namespace merov::test
 {
 
@@ -18,11 +20,13 @@ public:
     {
         ++Events;
         Advance(Step);
+        if (OnEvents) OnEvents();
     }
     void Advance(double seconds) { utc_ += seconds / 86400.0; }
 
-    int Events = 0;     ///< calls of ProcessEvents
-    double Step = 0.01; ///< seconds by which each of them moves the clock
+    int Events = 0;                 ///< calls of ProcessEvents
+    double Step = 0.01;             ///< seconds by which each of them moves the clock
+    std::function<void()> OnEvents; ///< what the user does meanwhile
 
 private:
     double utc_;
