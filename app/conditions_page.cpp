@@ -3,7 +3,6 @@
 #include "app/entry_fields_view.h"
 #include "app/entry_frame.h"
 #include "app/page_buttons.h"
-#include "app/pictures.h"
 
 #include <QCheckBox>
 #include <QStyle>
@@ -66,7 +65,7 @@ EntryFrame* ConditionsPage::MakeObserver()
                   {MakeWideEdit(EntryField::HeightMetres), MakeUnit("meters or"),
                    MakeWideEdit(EntryField::HeightFeet, QStringLiteral("Height of observer eye, feet")),
                    MakeUnit("feet")});
-    frame->AddPicture(new PictureBox(Picture("eye"), QStringLiteral("imgEye")), 0, 1);
+    frame->AddPicture("eye", QStringLiteral("imgEye"), 0, 1);
     return frame;
 }
 
@@ -92,7 +91,7 @@ EntryFrame* ConditionsPage::MakeSextant()
     frame->AddRow(QStringLiteral("Default value of instrumental correction :"), {correction, MakeUnit("minutes")});
     frame->AddRow({}, {findSystErr_});
     frame->AddRow({}, {note});
-    frame->AddPicture(new PictureBox(Picture("sextant"), QStringLiteral("imgSextant")), 0, 3);
+    frame->AddPicture("sextant", QStringLiteral("imgSextant"), 0, 3);
     return frame;
 }
 
@@ -105,8 +104,8 @@ EntryFrame* ConditionsPage::MakeWeather()
                {EntryField::WaterFahrenheit, "updTempFahr(1)", "°F"});
     AddWeather(*frame, "Atmospheric pressure :", {EntryField::Millibars, "updPress_mBars", "mbars or"},
                {EntryField::InchesHg, "updPressHg", "inHg"});
-    frame->AddPicture(new PictureBox(Picture("thermometer"), QStringLiteral("imgTempInput")), 0, 2);
-    frame->AddPicture(new PictureBox(Picture("barometer"), QStringLiteral("imgPressInput")), 2, 1);
+    frame->AddPicture("thermometer", QStringLiteral("imgTempInput"), 0, 2);
+    frame->AddPicture("barometer", QStringLiteral("imgPressInput"), 2, 1);
     return frame;
 }
 

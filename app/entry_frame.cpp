@@ -1,10 +1,11 @@
 #include "app/entry_frame.h"
 
+#include "app/picture_box.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QMouseEvent>
-#include <QPainter>
 
 #include <algorithm>
 
@@ -24,18 +25,6 @@ constexpr int LabelColumn = 1;
 constexpr int ControlColumn = 2;
 
 } // namespace
-
-PictureBox::PictureBox(const QIcon& picture, const QString& name) : picture_(picture)
-{
-    setObjectName(name);
-    setFixedSize(PictureSize, PictureSize);
-}
-
-void PictureBox::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    picture_.paint(&painter, rect());
-}
 
 CheckLabel::CheckLabel(const QString& text, const QString& name, QCheckBox& box) : QLabel(text), box_(box)
 {
@@ -95,9 +84,11 @@ void EntryFrame::AddRow(const QString& label, std::initializer_list<QWidget*> co
     grid_->addLayout(side, row, ControlColumn);
 }
 
-void EntryFrame::AddPicture(PictureBox* picture, int firstRow, int rows)
+void EntryFrame::AddPicture(const char* picture, const QString& name, int firstRow, int rows)
 {
-    grid_->addWidget(picture, firstRow, PictureColumn, rows, 1, Qt::AlignCenter);
+    auto* box = new PictureBox(picture, name);
+    box->setFixedSize(PictureSize, PictureSize);
+    grid_->addWidget(box, firstRow, PictureColumn, rows, 1, Qt::AlignCenter);
 }
 
 void EntryFrame::AlignLabels(std::initializer_list<EntryFrame*> frames)

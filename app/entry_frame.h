@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 
 #include <initializer_list>
@@ -14,19 +13,6 @@ class QGridLayout;
 
 namespace merov::app
 {
-
-/// A picture of a fixed size, painted anew for each screen density.
-class PictureBox : public QWidget
-{
-public:
-    PictureBox(const QIcon& picture, const QString& name);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    QIcon picture_;
-};
 
 /// A text beside a check box; a click on it is one on the box.
 class CheckLabel : public QLabel
@@ -62,7 +48,7 @@ public:
     void AddRow(const QString& label, std::initializer_list<QWidget*> controls);
 
     /// Puts a picture at the left of rows that have been added.
-    void AddPicture(PictureBox* picture, int firstRow, int rows);
+    void AddPicture(const char* picture, const QString& name, int firstRow, int rows);
 
     /// Gives the labels of some frames, which stand below each other, one width.
     static void AlignLabels(std::initializer_list<EntryFrame*> frames);

@@ -1,17 +1,15 @@
 #include "app/frm_splash.h"
 
-#include "app/pictures.h"
+#include "app/picture_box.h"
 #include "platform/rich_text_box.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScreen>
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 
 namespace merov::app
 {
@@ -26,26 +24,6 @@ constexpr QRect ReadAboutPlace(40, 340, 380, 28);
 constexpr int AboutTextWidth = 620;
 
 constexpr QLatin1String ReleaseDate("May 2004");
-
-/// A drawing that fills its widget.
-class PictureBox : public QWidget
-{
-public:
-    PictureBox(std::string_view name, const QRect& place, QWidget* parent) : QWidget(parent), picture_(Picture(name))
-    {
-        setGeometry(place);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        picture_.paint(&painter, rect());
-    }
-
-private:
-    QIcon picture_;
-};
 
 /// Two lines, the title large.
 QString TwoLines(int titlePixels, const QString& title, int linePixels, const QString& line)
@@ -68,14 +46,14 @@ bool IsModifier(int key)
 
 FrmSplash::FrmSplash(const QString& versionText, std::chrono::milliseconds duration, QWidget* parent)
     : ModalForm(QStringLiteral("Merov"), parent), version_(versionText), tmrSplash_(this),
-      picSplash_(new PictureBox("splash", Artwork, this)),
-      picSplashFix_(new PictureBox("splash_fix", ChartPlace, this)), lblSplash_(new QLabel(this)),
+      picSplash_(new PictureBox("splash", QStringLiteral("picSplash"), this)),
+      picSplashFix_(new PictureBox("splash_fix", QStringLiteral("picSplashFix"), this)), lblSplash_(new QLabel(this)),
       lblReadAbout_(new QLabel(this)), rtfAboutProg_(new platform::RichTextBox(this))
 {
     setObjectName("frmSplash");
     tmrSplash_.setObjectName("tmrSplash");
-    picSplash_->setObjectName("picSplash");
-    picSplashFix_->setObjectName("picSplashFix");
+    picSplash_->setGeometry(Artwork);
+    picSplashFix_->setGeometry(ChartPlace);
     lblSplash_->setObjectName("lblSplash");
     lblReadAbout_->setObjectName("lblReadAbout");
     lblSplash_->setAttribute(Qt::WA_TransparentForMouseEvents); // a click on it is one on the form
@@ -147,9 +125,9 @@ void FrmSplash::LayOutAbout()
     lblReadAbout_->hide();
     lblSplash_->setPalette(QPalette());
     lblSplash_->setText(TwoLines(22, QStringLiteral("Merov ") + version_, 14, ReleaseDate));
-    constexpr QRect Emblem(0, 0, 56, 56);
-    auto* const emblem = new PictureBox("merov", Emblem, this);
-    emblem->setFixedSize(Emblem.size());
+    constexpr int EmblemSize = 56; // pixels
+    auto* const emblem = new PictureBox("merov");
+    emblem->setFixedSize(EmblemSize, EmblemSize);
 
     auto* const form = new QGridLayout(this);
     form->setHorizontalSpacing(14);

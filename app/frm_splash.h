@@ -21,7 +21,7 @@ namespace merov::app
 class FrmSplash : public platform::ModalForm
 {
 public:
-    /// @param versionText  "1.2.0"
+    /// @param versionText  "1.20"
     /// @param duration     how long the start mode stands without a click
     FrmSplash(const QString& versionText, std::chrono::milliseconds duration, QWidget* parent);
 

@@ -41,7 +41,7 @@ void ClickAt(const FrmSplash& form, QPoint place)
 
 TEST(FrmSplash, StartModeClosesByItself)
 {
-    FrmSplash form("1.2.0", 150ms, nullptr);
+    FrmSplash form("1.20", 150ms, nullptr);
     QElapsedTimer watch;
     watch.start();
     OpenAnd(form, [&] {
@@ -49,7 +49,7 @@ TEST(FrmSplash, StartModeClosesByItself)
             EXPECT_TRUE(Visible(form, name)) << name;
         EXPECT_FALSE(Visible(form, "rtfAboutProg"));
         const QString title = form.findChild<QLabel*>("lblSplash")->text();
-        EXPECT_TRUE(title.contains("Merov 1.2.0") && title.contains("May 2004")) << title.toStdString();
+        EXPECT_TRUE(title.contains("Merov 1.20") && title.contains("May 2004")) << title.toStdString();
         EXPECT_TRUE(form.windowFlags().testFlag(Qt::FramelessWindowHint));
         EXPECT_EQ(form.toolTip(), "Click anywhere to continue");
         const QRect screen = form.screen()->availableGeometry();
@@ -63,7 +63,7 @@ TEST(FrmSplash, ClosesByClickOrKeyAndThenIsTheAboutBox)
 {
     QWidget window;
     window.setGeometry(40, 60, 720, 600);
-    FrmSplash form("1.2.0", 1h, &window);
+    FrmSplash form("1.20", 1h, &window);
     EXPECT_FALSE(form.AboutText().LoadFile(MEROV_RUN_DIR "/InfoProg.rtf"));
     OpenAnd(form, [&] {
         QTest::keyClick(&form, Qt::Key_Shift);

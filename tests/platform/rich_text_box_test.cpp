@@ -1,4 +1,5 @@
 #include "platform/rich_text_box.h"
+#include "support/letter_look.h"
 #include "support/qt_text.h"
 
 #include <QApplication>
@@ -32,17 +33,7 @@ protected:
         cursor.setPosition(place + 1);
         return cursor.charFormat();
     }
-    QString LookOf(const QString& text) { return Look(FormatAt(Box.Find(text))); }
-    static QString Look(const QTextCharFormat& format)
-    {
-        QString look = format.fontFamilies().toStringList().join(',') + QString(" %1").arg(format.fontPointSize());
-        if (format.fontWeight() == QFont::Bold) look += " bold";
-        if (format.fontItalic()) look += " italic";
-        if (format.fontUnderline()) look += " underlined";
-        if (format.hasProperty(QTextFormat::ForegroundBrush)) look += " " + format.foreground().color().name();
-        if (format.baselineOffset() != 0.0) look += format.baselineOffset() < 0.0 ? " low" : " high";
-        return look;
-    }
+    QString LookOf(const QString& text) { return test::LetterLook(FormatAt(Box.Find(text))); }
     QTextBlock Line(int number) const { return Box.document()->findBlockByNumber(number); }
 
     QTemporaryDir Folder;
@@ -144,7 +135,7 @@ TEST_F(RichTextBoxTest, EmptyLinesAndBulletsHaveTheFormatOfWhatIsPutIn)
     EXPECT_EQ(Box.toPlainText(), "a\n\nb\nc");
     EXPECT_EQ(Line(1).charFormat().fontPointSize(), 6.0);
     for (const int line : {2, 3}) // bullets under each other
-        EXPECT_EQ(Look(Line(line).charFormat()), "Courier New 12");
+        EXPECT_EQ(test::LetterLook(Line(line).charFormat()), "Courier New 12");
 }
 
 TEST_F(RichTextBoxTest, PlacesOutsideTheTextAreCut)

@@ -1,4 +1,5 @@
 #include "platform/rtf_reader.h"
+#include "support/letter_look.h"
 #include "support/qt_text.h"
 
 #include "platform/rtf_document.h"
@@ -48,16 +49,7 @@ QString Refusal(const QByteArray& file)
 
 QString LookOf(const QTextDocument& document, const QString& letter)
 {
-    const QTextCharFormat format = document.find(letter, 0, QTextDocument::FindCaseSensitively).charFormat();
-    QString look = format.fontFamilies().toStringList().join(',') + QString(" %1").arg(format.fontPointSize());
-    if (format.fontWeight() == QFont::Bold) look += " bold";
-    if (format.fontItalic()) look += " italic";
-    if (format.fontUnderline()) look += " underlined";
-    if (format.hasProperty(QTextFormat::ForegroundBrush)) look += " " + format.foreground().color().name();
-    if (format.baselineOffset() != 0.0) look += format.baselineOffset() < 0.0 ? " low" : " high";
-    if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) look += " sub";
-    if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) look += " super";
-    return look;
+    return test::LetterLook(document.find(letter, 0, QTextDocument::FindCaseSensitively).charFormat());
 }
 
 QByteArray PngHex(int width, int height)
