@@ -3,6 +3,7 @@
 #include "platform/locale.h"
 #include "platform/print_setup.h"
 
+#include <QPrinter>
 #include <QPrinterInfo>
 
 #include <algorithm>
@@ -10,6 +11,15 @@
 
 namespace merov::platform
 {
+namespace
+{
+
+QString FileName()
+{
+    return QStringLiteral("PDF file");
+}
+
+} // namespace
 
 QList<QPageSize> Printers::Papers(const QString&) const
 {
@@ -20,26 +30,91 @@ QList<QPageSize> Printers::Papers(const QString&) const
     return papers;
 }
 
+QStringList Printers::Names() const
+{
+    QStringList names = SystemNames();
+    if (OffersFile()) names += FileName();
+    return names;
+}
+
+bool Printers::WritesFile(const QString& printer)
+{
+    return printer == FileName();
+}
+
+bool Printers::OffersFile() const
+{
+    return qEnvironmentVariableIsEmpty("MEROV_NO_PDF_PRINTER");
+}
+
 QString Printers::Current() const
 {
     const QStringList names = Names();
-    for (const QString& name : {current_, Default()})
+    for (const QString& name : {current_, Default(), FileName()})
         if (names.contains(name)) return name;
     return names.value(0);
 }
 
+void Printers::SetLayout(const QPageLayout& layout)
+{
+    paper_ = layout.pageSize();
+    orientation_ = layout.orientation();
+}
+
+void Printers::SetOrientation(QPageLayout::Orientation orientation)
+{
+    orientation_ = orientation;
+}
+
+void Printers::SetPrintQuality(int quality)
+{
+    quality_ = quality;
+}
+
+void Printers::SetColorMode(int mode)
+{
+    colorMode_ = mode;
+}
+
+std::unique_ptr<PrintJob> Printers::StartJob(const QString& title, const QString& file)
+{
+    const QString name = Current();
+    auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (WritesFile(name)) {
+        device->setOutputFormat(QPrinter::PdfFormat);
+    } else {
+        device->setOutputFormat(QPrinter::NativeFormat);
+        device->setPrinterName(name);
+        if (device->printerName() != name)
+            throw PrinterError(DriverMissing, "The printer \"" + name.toStdString() + "\" has gone.");
+    }
+    SetUp(*device, title);
+    return std::make_unique<PrintJob>(std::move(device), WritesFile(name) ? file : QString());
+}
+
+void Printers::SetUp(QPrinter& device, const QString& title) const
+{
+    const QPageLayout layout = Layout();
+    device.setPageSize(layout.pageSize());
+    device.setPageOrientation(layout.orientation());
+    device.setColorMode(colorMode_ == Monochrome ? QPrinter::GrayScale : QPrinter::Color);
+    device.setDocName(title);
+    device.setCreator(QStringLiteral("Merov"));
+}
+
 QPageLayout Printers::Layout() const
 {
-    return layout_.value_or(QPageLayout(DefaultPaper(), QPageLayout::Portrait, QMarginsF()));
+    return {paper_ ? *paper_ : DefaultPaper(), orientation_, QMarginsF()};
 }
 
 QPageSize Printers::DefaultPaper() const
 {
+    if (WritesFile(Current())) return QPageSize(QPageSize::A4);
     const bool inches = ScreenLocale().measurementSystem() == QLocale::ImperialUSSystem;
     return QPageSize(inches ? QPageSize::Letter : QPageSize::A4);
 }
 
-QStringList SystemPrinters::Names() const
+QStringList SystemPrinters::SystemNames() const
 {
     return QPrinterInfo::availablePrinterNames();
 }
@@ -62,7 +137,8 @@ QString SystemPrinters::Default() const
 
 QPageSize SystemPrinters::DefaultPaper() const
 {
-    QPageSize paper = QPrinterInfo::printerInfo(Current()).defaultPageSize();
+    const QString name = Current();
+    const QPageSize paper = WritesFile(name) ? QPageSize() : QPrinterInfo::printerInfo(name).defaultPageSize();
     return paper.isValid() ? paper : Printers::DefaultPaper();
 }
 

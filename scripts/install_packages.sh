@@ -7,7 +7,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libchm-dev fp-utils libcli11-dev fonts-liberation)
 case "${1:-}" in
 run) ;;
-test) packages+=(pkg-config libgtest-dev libbenchmark-dev xvfb xdotool imagemagick liberfa-dev libnova-dev libgeographiclib-dev) ;;
+test) packages+=(pkg-config libgtest-dev libbenchmark-dev xvfb xdotool imagemagick cups-daemon cups-client poppler-utils liberfa-dev libnova-dev libgeographiclib-dev) ;;
 fuzz) packages=(cmake ninja-build clang) ;;
 *)
     echo "usage: $0 run|test|fuzz" >&2

@@ -1,8 +1,12 @@
 #include "platform/printers.h"
+#include "support/fake_printers.h"
+#include "support/pdf_tools.h"
 #include "support/qt_text.h"
 
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -11,17 +15,19 @@
 
 namespace merov::platform
 {
-struct ListedPrinters : Printers {
-    QStringList Listed;
-    QString First;
-    QStringList Names() const override { return Listed; }
+/// Without printers at first.
+struct ListedPrinters : test::FakePrinters {
+    ListedPrinters()
+    {
+        Listed.clear();
+        First.clear();
+        OffersPdf = false;
+    }
     QList<QPageSize> Papers(const QString& printer) const override
     {
         if (printer == "Labels") return {QPageSize(QPageSize::A6), QPageSize(QPageSize::A5)};
         return Printers::Papers(printer);
     }
-    QString Default() const override { return First; }
-    QPageSize DefaultPaper() const override { return QPageSize(QPageSize::A4); }
 };
 
 class PrintersTest : public testing::Test
@@ -65,6 +71,11 @@ TEST_F(PrintersTest, ThePrinterInUseIsOneThatIsThere)
     EXPECT_EQ(printers.Current(), "Labels");
     printers.Listed = {"Bridge"};
     EXPECT_EQ(printers.Current(), "Bridge"); // the other one was unplugged
+    printers.OffersPdf = true;
+    EXPECT_EQ(printers.Names(), QStringList({"Bridge", "PDF file"}));
+    EXPECT_EQ(printers.Current(), "Bridge");
+    printers.First = "";
+    EXPECT_EQ(printers.Current(), "PDF file");
 }
 
 TEST_F(PrintersTest, OkSetsWhatWasChosenAndTheNextDialogShowsIt)
@@ -131,6 +142,64 @@ TEST(SystemPrinters, ListPapersOfASizeOnceEvenWithoutAPrinter)
     ASSERT_FALSE(papers.isEmpty());
     for (int i = 1; i < papers.size(); i++)
         EXPECT_FALSE(papers[i].isEquivalentTo(papers[i - 1]));
+}
+
+TEST(SystemPrinters, EndWithTheOneForFilesUnlessItIsTakenAway)
+{
+    const SystemPrinters printers;
+    EXPECT_EQ(printers.Names().value(printers.Names().size() - 1), "PDF file");
+    qputenv("MEROV_NO_PDF_PRINTER", "1");
+    EXPECT_FALSE(printers.Names().contains("PDF file"));
+    qunsetenv("MEROV_NO_PDF_PRINTER");
+}
+
+/// The number of the error that a job ends with, 0 for none.
+int ErrorOf(Printers& printers, const QString& file)
+{
+    try {
+        const std::unique_ptr<PrintJob> job = printers.StartJob("Log of the day", file);
+        job->Painter().drawText(1000, 1000, "Noon");
+        job->EndDoc();
+        return 0;
+    } catch (const PrinterError& error) {
+        EXPECT_STRNE(error.what(), "");
+        return error.Number();
+    }
+}
+
+TEST(PrintJob, LeavesAFileWholeOrAsItWas)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("Überfahrt 1.pdf");
+    FilePrinters printers;
+    printers.SetOrientation(QPageLayout::Landscape);
+    {
+        const std::unique_ptr<PrintJob> job = printers.StartJob("Broken off", path);
+        job->NewPage();
+        EXPECT_EQ(QRectF(job->Page()).topLeft(), QPointF(0, 0));
+        EXPECT_NEAR(job->Twips(job->Paper().width()), 16838, 2);
+        EXPECT_NEAR(job->Twips(-job->Paper().left()), 200, 2); // 10 points that Qt keeps free
+    }
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_EQ(ErrorOf(printers, path), 0);
+    EXPECT_EQ(test::PdfText(path, 1).trimmed(), "Noon");
+    EXPECT_TRUE(test::PdfTool("pdfinfo", {path}).contains(QRegularExpression("Page size: +842 x 595")));
+    EXPECT_TRUE(test::PdfTool("pdfinfo", {path}).contains(QRegularExpression("Title: +Log of the day\n")));
+    printers.StartJob("Broken off", path)->NewPage();
+    EXPECT_EQ(test::PdfText(path, 1).trimmed(), "Noon");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+
+    EXPECT_EQ(ErrorOf(printers, folder.filePath("no such folder/1.pdf")), PrinterFailed);
+    EXPECT_EQ(ErrorOf(printers, folder.path()), PrinterFailed);
+}
+
+TEST(PrintJob, NeedsAPrinterThatIsThere)
+{
+    struct GonePrinters : FilePrinters {
+        QStringList SystemNames() const override { return {"Gone"}; }
+        QString Default() const override { return "Gone"; }
+    } printers;
+    EXPECT_EQ(ErrorOf(printers, {}), DriverMissing);
 }
 
 } // namespace merov::platform

@@ -5,14 +5,13 @@
 namespace merov::test
 {
 
-/// A computer without a printer.
+/// A computer without a printer, where nothing is printed to files either.
 class NoPrinters : public platform::Printers
 {
-public:
-    QStringList Names() const override { return {}; }
-
 protected:
+    QStringList SystemNames() const override { return {}; }
     QString Default() const override { return {}; }
+    bool OffersFile() const override { return false; }
 };
 
 } // namespace merov::test
