@@ -20,6 +20,9 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
     exec "$programs/merov" "$@"
 fi
 session=${1:-$here/data/Observations/evening_stars.obs}
-echo "There is no display to show Merov's window on; this is the fix of the session $session."
+echo "There is no display to show Merov's window on; this is the report of the session $session."
 echo
-exec "$programs/merov-cli" fix "$session"
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+"$programs/merov-cli" fix "$session" --report "$scratch/report.txt" >/dev/null
+cat "$scratch/report.txt"

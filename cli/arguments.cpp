@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -168,6 +169,17 @@ void AddEllipsoid(CLI::App& command)
                 return true;
             })
         ->type_name("N");
+}
+
+void AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
+                   const std::vector<std::string>& endings, const std::string& help)
+{
+    const std::string forms = CLI::detail::join(endings, ", .");
+    AddWord(command, name, help, "a file name that ends in one of ." + forms, [&file, endings](std::string word) {
+        file = word;
+        const std::string ending = std::filesystem::path(CLI::detail::to_lower(word)).extension().string();
+        return !ending.empty() && std::find(endings.begin(), endings.end(), ending.substr(1)) != endings.end();
+    })->type_name("FILE.(" + CLI::detail::join(endings, "|") + ")");
 }
 
 void AddDataFolder(CLI::App& command)

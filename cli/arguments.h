@@ -30,6 +30,11 @@ void AddHeight(CLI::App& command, double& value);                             //
 /// --ellipsoid N: puts row N of the list (0..19) in force as soon as it is read.
 void AddEllipsoid(CLI::App& command);
 
+/// An option that takes the name of a file to write, whose ending tells its form.
+/// @param endings  the forms that there are, in small letters; capital ones are taken as well
+void AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
+                   const std::vector<std::string>& endings, const std::string& help);
+
 /// --data DIR: the folder of Planet.dat.
 void AddDataFolder(CLI::App& command);
 

@@ -27,7 +27,7 @@ void AddRhumbCommand(CLI::App& app, const JobTaker& run);
 /// A command below `app` with its description; its job runs when it is given. `--json` comes with it.
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);
 
-/// True when --json was given to the command in use.
-bool WantsJson(const CLI::App& app);
+/// True when an option, such as "--json", was given to the command in use.
+bool Wants(const CLI::App& app, const std::string& option);
 
 } // namespace merov::cli

@@ -8,11 +8,16 @@
 #include "fix/sight_views.h"
 #include "numeric/error_trap.h"
 #include "numeric/inout_lib.h"
+#include "output/exports.h"
 #include "sailing/ellipsoid.h"
+
+#include <QCoreApplication>
+#include <QFile>
 
 #include <cmath>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace merov::cli
 {
@@ -31,6 +36,8 @@ struct Words {
     bool Truncated = false;
     bool NoSystematic = false;
     bool OnePosition = false;
+    std::string Report; ///< files to write; empty for none
+    std::string Chart;
 };
 
 /// How far a run came: no file, the entries of a file, the sights of its grid, a fix.
@@ -144,6 +151,18 @@ void BuildView(View view, SightSession& session, const sailing::EarthModel& eart
     if (view == View::Chart) fix::BuildChartView(session, earth.InverseFlattening, earth.SemiMajorAxisNm);
 }
 
+/// Writes the files that were asked for. @return what went wrong, as a sentence
+std::optional<std::string> WriteFiles(const Words& words, const SightSession& session, const sailing::EarthModel& earth)
+{
+    std::optional<QString> failure;
+    if (!words.Report.empty())
+        failure = output::WriteReport(QFile::decodeName(words.Report.c_str()), QCoreApplication::applicationDirPath(),
+                                      session, earth);
+    if (!failure && !words.Chart.empty())
+        failure = output::WriteChart(QFile::decodeName(words.Chart.c_str()), session, earth);
+    return failure ? std::optional(failure->toStdString()) : std::nullopt;
+}
+
 Outcome FixJob(const Words& words)
 {
     SightSession session;
@@ -153,6 +172,7 @@ Outcome FixJob(const Words& words)
     session.Probability = words.Probability;
 
     Outcome outcome;
+    bool done = false;
     Reached reached = Reached::Nothing;
     if (fix::LoadObservationFile(words.File, entry, session)) {
         reached = Reached::Entries;
@@ -163,13 +183,17 @@ Outcome FixJob(const Words& words)
             reached = Reached::Fix;
             outcome.Text = DescribedFix(session);
             try {
+                const std::optional<std::string> failure = WriteFiles(words, session, earth);
+                outcome.Error = failure.value_or("");
+                done = !failure;
                 BuildView(words.SightView, session, earth);
             } catch (const numeric::Fault& fault) {
                 outcome.Error = numeric::FaultLine(fault);
+                done = false;
             }
         }
     }
-    outcome.Status = reached == Reached::Fix && outcome.Error.empty() ? StatusDone : StatusRefused;
+    outcome.Status = done ? StatusDone : StatusRefused;
     if (reached == Reached::Fix && words.SightView != View::Fix) outcome.Text = DescribedFix(session);
     outcome.Json = JsonFix(session, reached);
     return outcome;
@@ -196,6 +220,8 @@ void AddFixCommand(CLI::App& app, const JobTaker& run)
             "sights as the fix leaves them, or as the report or the chart sees them (fix)")
         ->check(CLI::IsMember(views))
         ->type_name("VIEW");
+    AddOutputFile(*command, "--report", words->Report, {"pdf", "html", "txt"}, "writes the numeric report");
+    AddOutputFile(*command, "--chart", words->Chart, {"pdf", "png", "svg"}, "writes the chart");
     AddEllipsoid(*command);
     AddDataFolder(*command);
     command->callback([words, run] { run([words](const BoxLog&) { return FixJob(*words); }); });

@@ -4,11 +4,13 @@
 #include "cli/commands.h"
 #include "ephemeris/astro_lib.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <memory>
 
 namespace merov::cli
 {
@@ -20,12 +22,12 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
     return command;
 }
 
-bool WantsJson(const CLI::App& app)
+bool Wants(const CLI::App& app, const std::string& option)
 {
     for (const CLI::App* command : app.get_subcommands())
-        if (WantsJson(*command)) return true;
-    const CLI::Option* option = app.get_option_no_throw("--json");
-    return option != nullptr && option->count() > 0;
+        if (Wants(*command, option)) return true;
+    const CLI::Option* given = app.get_option_no_throw(option);
+    return given != nullptr && given->count() > 0;
 }
 
 namespace
@@ -54,10 +56,23 @@ int Run(int argc, char** argv)
         return app.exit(error) == 0 ? StatusDone : StatusWrongUsage;
     }
 
-    const bool json = WantsJson(app);
+    std::unique_ptr<QGuiApplication> fonts;
+    if (Wants(app, "--report") || Wants(app, "--chart")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");                   // also where there is a display
+        QLoggingCategory::setFilterRules("default.warning=false"); // such as of folders that only a desktop has
+        fonts = std::make_unique<QGuiApplication>(argc, argv);
+    }
+    const bool json = Wants(app, "--json");
     BoxLog log(!json);
     const numeric::ScopedBoxReceiver receiver(log);
     return Finish(job(log), log, json);
+}
+
+/// The folder of this program.
+std::string ProgramFolder(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv); // it alone can tell
+    return QCoreApplication::applicationDirPath().toStdString();
 }
 
 } // namespace
@@ -65,9 +80,8 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
-    merov::ephemeris::SetDataFolder(QCoreApplication::applicationDirPath().toStdString());
     try {
+        merov::ephemeris::SetDataFolder(merov::cli::ProgramFolder(argc, argv));
         return merov::cli::Run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << "merov-cli: " << error.what() << "\n";

@@ -86,6 +86,38 @@ TEST(CliFix, Views)
     }
 }
 
+TEST(CliFix, WritesReportAndChart)
+{
+    const ScratchFolder scratch;
+    const struct {
+        const char *Option, *File, *Begins, *Holds;
+    } forms[] = {
+        {"--report ", "report.txt", "Astronomic position by Merov\n", "Lat 38°28'.3 N and Long 012°02'.3 W\n"},
+        {"--report ", "report.HTML", "<!DOCTYPE HTML", "src=\"data:image/png;base64,"},
+        {"--report ", "report.pdf", "%PDF-1.", "%%EOF"},
+        {"--chart ", "chart.svg", "<?xml", "SCHEDAR"},
+        {"--chart ", "chart.png", "\x89PNG", "IEND"},
+        {"--chart ", "Chart.Pdf", "%PDF-1.", "%%EOF"},
+    };
+    const QJsonObject plain = ExpectJson("fix evening_stars.obs", 0);
+    for (const auto& form : forms) {
+        const std::string file = scratch.File(form.File);
+        EXPECT_EQ(ExpectJson(std::string("fix evening_stars.obs ") + form.Option + file, 0), plain);
+        const std::string bytes = ReadBytes(file);
+        EXPECT_EQ(bytes.rfind(form.Begins, 0), 0U) << file;
+        EXPECT_NE(bytes.find(form.Holds), std::string::npos) << file;
+    }
+    const std::string nowhere = scratch.File("none/report.");
+    for (const std::string& words : {"--report " + nowhere + "txt", "--report " + nowhere + "pdf",
+                                     "--chart " + nowhere + "png", "--chart " + nowhere + "pdf"})
+        ExpectText("fix evening_stars.obs " + words, 1, "38°28'.3 N", "could not be written");
+    for (const char* words : {"--report report.doc", "--report report", "--chart chart.html", "--chart"})
+        ExpectText(std::string("fix evening_stars.obs ") + words, 2, "", "--");
+    // A fix that is refused leaves no file.
+    EXPECT_EQ(RunCli("fix nosuch.obs --report " + scratch.File("none.txt")).Status, 1);
+    EXPECT_FALSE(std::ifstream(scratch.File("none.txt")));
+}
+
 TEST(CliFix, TwoSightsHaveFullWeightAndComeInFileOrder)
 {
     const ScratchFolder scratch;
