@@ -3,6 +3,7 @@
 #include "fix/sight_entry.h"
 #include "fix/sight_session.h"
 #include "numeric/error_trap.h"
+#include "output/chart_settings.h"
 
 namespace merov::app
 {
@@ -12,10 +13,9 @@ namespace merov::app
 struct FixInput {
     fix::SightEntry Entry;     ///< what stands in the entries; the widgets only mirror it
     fix::SightSession Session; ///< the values behind the entries, and the results of the last fix
-    double StoredTime = 0.0;  ///< captured time that waits for the next edit of a time cell; date-time, GMT, 0 for none
-    double LopScale = 5.0;    ///< length of the chart's position lines
-    double ChartMargin = 0.1; ///< margin of the chart round the positions
-    numeric::LastError Journal; ///< the last error message, which both error traps share
+    double StoredTime = 0.0; ///< captured time that waits for the next edit of a time cell; date-time, GMT, 0 for none
+    output::ChartSettings Chart; ///< how large the chart is drawn
+    numeric::LastError Journal;  ///< the last error message, which both error traps share
 };
 
 } // namespace merov::app

@@ -6,6 +6,7 @@
 #include "app/main_surfaces.h"
 #include "app/main_tool_bars.h"
 #include "app/observation_files.h"
+#include "app/print_flow.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
 #include "app/window_place.h"
@@ -13,7 +14,6 @@
 #include "platform/application.h"
 #include "platform/file_dialogs.h"
 #include "platform/help_window.h"
-#include "platform/message_boxes.h"
 #include "platform/rich_text_box.h"
 #include "platform/settings_store.h"
 #include "platform/status_panels.h"
@@ -23,34 +23,10 @@
 #include <QMenuBar>
 #include <QShortcut>
 
-#include <map>
 #include <utility>
 
 namespace merov::app
 {
-namespace
-{
-
-using Routine = void (FrmWorking::*)();
-
-/// What each command runs. One that is not in the list has no routine: its menu entries and buttons stay
-/// disabled, whatever else happens on the screens.
-const std::map<Command, Routine>& Routines()
-{
-    static const std::map<Command, Routine> routines{
-        {Command::PageSetup, &FrmWorking::mnuFilePageSetup},   {Command::Quit, &FrmWorking::mnuFileQuit},
-        {Command::AstroEnter, &FrmWorking::mnuAstroEnter},     {Command::AstroLoad, &FrmWorking::mnuAstroLoad},
-        {Command::AstroCorrect, &FrmWorking::mnuAstroCorrect}, {Command::AstroSave, &FrmWorking::mnuAstroSave},
-        {Command::AstroErase, &FrmWorking::mnuAstroErase},     {Command::NumRes, &FrmWorking::cmdNumRes},
-        {Command::GraphRes, &FrmWorking::cmdGraphRes},         {Command::OptionsTab, &FrmWorking::mnuOptionsTab},
-        {Command::Manual, &FrmWorking::mnuHelpManual},         {Command::About, &FrmWorking::mnuHelpAbout},
-        {Command::MainScreen, &FrmWorking::bthMain},           {Command::BackToStarFix, &FrmWorking::bthBackStarFix},
-    };
-    return routines;
-}
-
-} // namespace
-
 FrmWorking::FrmWorking(const Surroundings& surroundings)
     : surroundings_(surroundings), tables_(InitialTables(surroundings.AppPath, MEROV_VERSION)),
       surfaces_(new MainSurfaces(this)), staNumDisp_(new platform::StatusPanels), tabIn_(new TabIn(input_)),
@@ -61,8 +37,7 @@ FrmWorking::FrmWorking(const Surroundings& surroundings)
     setWindowTitle(" Merov 1.2");
     setMinimumSize(platform::Pixels(MinimumWidth), platform::Pixels(MinimumHeight));
 
-    const CommandRunner runner{[this](Command command) { Run(command); },
-                               [](Command command) { return Routines().contains(command); }};
+    const CommandRunner runner{[this](Command command) { Run(command); }, HasRoutine};
     menu_ = std::make_unique<MainMenu>(*menuBar(), runner);
     toolBars_ = new MainToolBars(runner, surfaces_);
     surfaces_->AddToolBars(toolBars_);
@@ -75,11 +50,10 @@ FrmWorking::FrmWorking(const Surroundings& surroundings)
     ConnectTabs();
 
     if (surroundings_.Files == nullptr) ownDialogs_ = std::make_unique<platform::ScreenFileDialogs>(this);
-    platform::FileDialogs& dialogs = ownDialogs_ ? *ownDialogs_ : *surroundings_.Files;
     const QString folder =
         ObservationsFolder(tables_.AppPath, surroundings_.Documents,
                            surroundings_.CanWrite ? surroundings_.CanWrite : std::function(CanWriteIn));
-    files_ = std::make_unique<ObservationFiles>(input_, *tabIn_, dialogs, folder, SamplesFolder(tables_.AppPath));
+    files_ = std::make_unique<ObservationFiles>(input_, *tabIn_, Dialogs(), folder, SamplesFolder(tables_.AppPath));
 }
 
 FrmWorking::~FrmWorking()
@@ -122,7 +96,7 @@ void FrmWorking::BuildShortcuts()
 /// Gives the buttons of the tab surfaces their commands.
 void FrmWorking::ConnectTabs()
 {
-    const auto command = [this](Routine routine) {
+    const auto command = [this](void (FrmWorking::*routine)()) {
         return [this, routine] { Guarded([this, routine] { (this->*routine)(); }); };
     };
     tabIn_->OnLoad = command(&FrmWorking::cmdLoadObs);
@@ -136,23 +110,6 @@ void FrmWorking::ConnectTabs()
     tabIn_->OnOneEstPos = [this](bool) { tabOptions_->ShowOneEstPos(); };
     tabOptions_->OnEnd = command(&FrmWorking::cmdEndTabOptions);
     tabOptions_->OnOneEstPos = [this](bool) { tabIn_->ShowOneEstPos(); };
-}
-
-void FrmWorking::Run(Command command)
-{
-    const auto routine = Routines().find(command);
-    if (routine != Routines().end()) Guarded([this, routine] { (this->*routine->second)(); });
-}
-
-/// Runs a command, from which nothing may leave into the event loop: a fault of the calculation, or any
-/// other, ends it with a box.
-void FrmWorking::Guarded(const std::function<void()>& command)
-{
-    try {
-        command();
-    } catch (...) {
-        platform::ShowCaught();
-    }
 }
 
 void FrmWorking::closeEvent(QCloseEvent* event)

@@ -11,6 +11,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace merov::platform
 {
@@ -25,12 +27,14 @@ namespace merov::app
 {
 
 class FrmEnd;
+class FrmProba;
 class FrmSplash;
 class FrmTimeStore;
 class MainMenu;
 class MainSurfaces;
 class MainToolBars;
 class ObservationFiles;
+class PrintFlow;
 class TabIn;
 class TabOptions;
 
@@ -43,6 +47,7 @@ struct Surroundings {
     QString Documents;                              ///< the user's documents
     std::function<bool(const QString&)> CanWrite{}; ///< whether files can be made in a folder; empty: asks the system
     std::chrono::milliseconds SplashTime{4400};     ///< how long the splash stands without a click
+    std::chrono::milliseconds WaitTick{20};         ///< of the bar before a print
 };
 
 /// The main window. It owns the surfaces and what they share, and carries the commands out; what each
@@ -77,12 +82,26 @@ public:
     void mnuHelpAbout();
     void cmdLoadObs();
     void cmdEraseObs();
-    void cmdNumRes();
-    void cmdGraphRes();
     void cmdChronoF5();
     void cmdEndTabOptions();
     void bthMain();
     void bthBackStarFix();
+
+    // The commands of the results.
+    void cmdNumRes();
+    void cmdGraphRes();
+    void mnuAstroNumPrint();
+    void mnuAstroGraphPrint();
+    void mnuAstroGraphGrid();
+    void mnuAstroGraphLOPInc();
+    void mnuAstroGraphLOPDec();
+    void bthLopIncr();
+    void bthLopDecr();
+    void bthChartIncr();
+    void bthChartDecr();
+    void mnuAstroProba();
+    void bthEllipse1();
+    void bthEllipse2();
 
     /// "C&ancel" on a tab of the input, 0..2: back to results in view, else to the main screen. Index -1
     /// leads to the main screen always.
@@ -92,6 +111,9 @@ public:
 
     /// Fills the panels of the status bar from the finished fix and shows them.
     void ShowFixSummary();
+
+    /// Draws the chart in view for the size of its surface; without one nothing happens.
+    void DrawChart();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -105,12 +127,14 @@ private:
     Bar ShownBar() const override;
     void SetBarEnabled(bool enabled) override;
 
+    static bool HasRoutine(Command command);
     void BuildStatusBar();
     void BuildShortcuts();
     void ConnectTabs();
     void PlaceWindow();
     void InitProgramTables();
     void LoadDocuments();
+    void TellMissing(std::vector<std::string> failures) const;
     void Change(Transition transition);
     void Guarded(const std::function<void()>& command);
     void FocusSurface();
@@ -120,6 +144,11 @@ private:
     bool HasFocus(const QWidget& control) const;
     bool LeaveEditedField();
     bool ComputeFix();
+    void ShowNumericReport();
+    void SizeChart(void (output::ChartSettings::*step)());
+    bool ChooseProbability();
+    platform::FileDialogs& Dialogs();
+    PrintFlow& Printing();
     bool UserEnds(bool unlessNo);
     void CloseForms();
 
@@ -135,14 +164,17 @@ private:
     FrmTimeStore* frmTimeStore_;
     FrmEnd* frmEnd_;
     FrmSplash* frmSplash_ = nullptr;       ///< made by start-up
-    platform::HelpWindow* help_ = nullptr; ///< made when it is first wanted
+    FrmProba* frmProba_ = nullptr;         ///< made when it is first wanted
+    platform::HelpWindow* help_ = nullptr; ///< likewise
     std::unique_ptr<platform::FileDialogs> ownDialogs_;
     std::unique_ptr<ObservationFiles> files_;
-    QString startFile_;         ///< loaded without a dialog by the next load
-    bool astroStarted_ = false; ///< the input has been erased for the first time
-    bool computing_ = false;    ///< a fix is under way
-    int erasures_ = 0;          ///< of the input so far
-    bool ending_ = false;       ///< the program closes its windows itself
+    std::unique_ptr<PrintFlow> printing_; ///< made by the first print
+    QString startFile_;                   ///< loaded without a dialog by the next load
+    bool astroStarted_ = false;           ///< the input has been erased for the first time
+    bool computing_ = false;              ///< a fix is under way, or the report on it
+    bool gridVisible_ = false;            ///< of the chart
+    int erasures_ = 0;                    ///< of the input so far
+    bool ending_ = false;                 ///< the program closes its windows itself
 };
 
 } // namespace merov::app

@@ -7,22 +7,83 @@
 #include "app/observation_grid.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
-#include "fix/fix_summary.h"
-#include "fix/run_fix.h"
 #include "platform/application.h"
 #include "platform/help_window.h"
+#include "platform/message_boxes.h"
 #include "platform/printers.h"
 #include "platform/status_panels.h"
-#include "sailing/ellipsoid.h"
 
-#include <QScopedValueRollback>
-
+#include <map>
 #include <utility>
 
-/// The commands of the main window.
+/// The commands of the main window, but for those of the results.
 
 namespace merov::app
 {
+namespace
+{
+
+using Routine = void (FrmWorking::*)();
+
+/// What each command runs. One that is not in the list has no routine: its menu entries and buttons stay
+/// disabled, whatever else happens on the screens.
+const std::map<Command, Routine>& Routines()
+{
+    using F = FrmWorking;
+    static const std::map<Command, Routine> routines{
+        {Command::PageSetup, &F::mnuFilePageSetup},
+        {Command::Quit, &F::mnuFileQuit},
+        {Command::AstroEnter, &F::mnuAstroEnter},
+        {Command::AstroLoad, &F::mnuAstroLoad},
+        {Command::AstroCorrect, &F::mnuAstroCorrect},
+        {Command::AstroSave, &F::mnuAstroSave},
+        {Command::AstroErase, &F::mnuAstroErase},
+        {Command::NumRes, &F::cmdNumRes},
+        {Command::NumPrint, &F::mnuAstroNumPrint},
+        {Command::GraphRes, &F::cmdGraphRes},
+        {Command::ChartIncrease, &F::bthChartIncr},
+        {Command::ChartDecrease, &F::bthChartDecr},
+        {Command::LopIncrease, &F::mnuAstroGraphLOPInc},
+        {Command::LopDecrease, &F::mnuAstroGraphLOPDec},
+        {Command::LopStepUp, &F::bthLopIncr},
+        {Command::LopStepDown, &F::bthLopDecr},
+        {Command::ChartGrid, &F::mnuAstroGraphGrid},
+        {Command::GraphPrint, &F::mnuAstroGraphPrint},
+        {Command::Proba, &F::mnuAstroProba},
+        {Command::ProbaNum, &F::bthEllipse1},
+        {Command::ProbaGraph, &F::bthEllipse2},
+        {Command::OptionsTab, &F::mnuOptionsTab},
+        {Command::Manual, &F::mnuHelpManual},
+        {Command::About, &F::mnuHelpAbout},
+        {Command::MainScreen, &F::bthMain},
+        {Command::BackToStarFix, &F::bthBackStarFix},
+    };
+    return routines;
+}
+
+} // namespace
+
+bool FrmWorking::HasRoutine(Command command)
+{
+    return Routines().contains(command);
+}
+
+void FrmWorking::Run(Command command)
+{
+    const auto routine = Routines().find(command);
+    if (routine != Routines().end()) Guarded([this, routine] { (this->*routine->second)(); });
+}
+
+/// Runs a command, from which nothing may leave into the event loop: a fault of the calculation, or any
+/// other, ends it with a box.
+void FrmWorking::Guarded(const std::function<void()>& command)
+{
+    try {
+        command();
+    } catch (...) {
+        platform::ShowCaught();
+    }
+}
 
 void FrmWorking::mnuFilePageSetup()
 {
@@ -82,16 +143,6 @@ void FrmWorking::cmdEraseObs()
     Change(Transition::EraseEntries);
 }
 
-void FrmWorking::cmdNumRes()
-{
-    if (ComputeFix()) ShowFixSummary();
-}
-
-void FrmWorking::cmdGraphRes()
-{
-    if (ComputeFix()) ShowFixSummary();
-}
-
 /// Leaves the field of the input that is being edited, since a menu doesn't, and what stands on the screen
 /// is to count. False when the field refuses.
 bool FrmWorking::LeaveEditedField()
@@ -102,35 +153,6 @@ bool FrmWorking::LeaveEditedField()
     if (!platform::TakeFocus(*surfaces_)) return false;
     if (platform::Application* application = platform::Application::Running()) application->PassFocus(*field);
     return true;
-}
-
-/// Computes the true position from what stands in the input, and shows what became of the entries.
-/// @return false after the box of a check
-bool FrmWorking::ComputeFix()
-{
-    if (computing_) return false; // a second click
-    const QScopedValueRollback<bool> computing(computing_, true);
-    if (!LeaveEditedField()) return false;
-    const bool onInput = IsVisible(Surface::TabIn);
-    const int erasures = erasures_;
-    tabIn_->CommitGridEditor();
-    // It serves events: meanwhile the user may have gone elsewhere, or begun anew.
-    if (erasures != erasures_ || (onInput && !IsVisible(Surface::TabIn))) return false;
-    const sailing::EarthModel& earth = sailing::ActiveEllipsoid();
-    const bool computed =
-        fix::RunFix(input_.Entry, input_.Session, earth.InverseFlattening, earth.SemiMajorAxisNm, input_.Journal);
-    if (computed)
-        tabIn_->ShowEntries(); // the rows are sorted
-    else
-        tabIn_->ShowFields(); // the user goes on where the box found them
-    return computed;
-}
-
-void FrmWorking::ShowFixSummary()
-{
-    for (const fix::FixPanel& panel : fix::FixPanels(input_.Session))
-        staNumDisp_->SetPanelText(QString::fromStdString(panel.Key), QString::fromStdString(panel.Text));
-    staNumDisp_->ShowPanels();
 }
 
 void FrmWorking::cmdChronoF5()

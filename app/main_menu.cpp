@@ -14,7 +14,7 @@ namespace merov::app
 namespace
 {
 
-enum class Start { On, Off };
+enum class Start { On, Off, Unticked };
 enum class Behind { Nothing, Separator };
 
 /// One entry of the menu bar.
@@ -50,7 +50,7 @@ constexpr Entry Entries[] = {
     {2, "mnuAstroGraphLOP", "&LOPs size"},
     {3, "mnuAstroGraphLOPInc", "&Increase", Command::LopIncrease},
     {3, "mnuAstroGraphLOPDec", "&Decrease", Command::LopDecrease},
-    {2, "mnuAstroGraphGrid", "&Grid", Command::ChartGrid},
+    {2, "mnuAstroGraphGrid", "&Grid", Command::ChartGrid, Start::Unticked},
     {2, "mnuAstroGraphPrint", "&Print", Command::GraphPrint},
     {1, "mnuAstroProba", "&Probability...", Command::Proba},
     {0, "mnuUtil", "&Utilities"},
@@ -122,10 +122,11 @@ MainMenu::MainMenu(QMenuBar& bar, const CommandRunner& runner) : bar_(bar)
         } else {
             action = parents.back()->addAction(entry->Caption, [run = runner.Run, runs = entry->Runs] { run(runs); });
             action->setShortcut(QKeySequence(entry->Shortcut));
+            action->setCheckable(entry->State == Start::Unticked);
         }
         action->setObjectName(entry->Name);
         const bool available = IsAvailable(entry, runner);
-        action->setEnabled(available && entry->State == Start::On);
+        action->setEnabled(available && entry->State != Start::Off);
         items_[entry->Name] = {action, available};
         if (entry->Next == Behind::Separator) parents[depth - 1]->addSeparator();
     }
@@ -135,6 +136,11 @@ void MainMenu::SetEnabled(Menu menu, bool enabled)
 {
     const Item& item = items_.at(NameOf(menu));
     item.Action->setEnabled(enabled && item.Available);
+}
+
+void MainMenu::TickGrid(bool ticked)
+{
+    items_.at("mnuAstroGraphGrid").Action->setChecked(ticked);
 }
 
 void MainMenu::TakeKeyboard()

@@ -24,6 +24,9 @@ public:
 
     void SetEnabled(Menu menu, bool enabled);
 
+    /// Ticks "Grid" or takes its tick away.
+    void TickGrid(bool ticked);
+
     /// Gives the keyboard to the menu bar: its first menu opens.
     void TakeKeyboard();
 

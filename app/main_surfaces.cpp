@@ -1,5 +1,6 @@
 #include "app/main_surfaces.h"
 
+#include "app/chart_view.h"
 #include "app/gradient_panel.h"
 #include "app/main_tool_bars.h"
 #include "app/pictures.h"
@@ -52,7 +53,10 @@ MainSurfaces::MainSurfaces(QWidget* parent) : QWidget(parent)
     gradient->setObjectName("panhGradient");
     rtfNumDisp_ = MakeReport("rtfNumDisp", "Numeric results", this);
     rtfCalcWP_ = MakeReport("rtfCalcWP", "Sailing results", this);
-    surfaces_ = {{Surface::Gradient, gradient}, {Surface::NumDisp, rtfNumDisp_}};
+    picLMChart_ = new ChartView(this);
+    picLMChart_->setObjectName("picLMChart");
+    picLMChart_->hide();
+    surfaces_ = {{Surface::Gradient, gradient}, {Surface::NumDisp, rtfNumDisp_}, {Surface::LMChart, picLMChart_}};
 }
 
 void MainSurfaces::AddPictures(const CommandRunner& runner)
@@ -104,6 +108,7 @@ void MainSurfaces::SetVisible(Surface surface, bool visible)
             Find(each)->setEnabled(each == covering_.back());
     }
     widget->setVisible(visible);
+    if (widget == picLMChart_ && !visible) picLMChart_->Clear();
 }
 
 bool MainSurfaces::Covers(Surface surface)

@@ -18,6 +18,7 @@ class RichTextBox;
 namespace merov::app
 {
 
+class ChartView;
 class MainToolBars;
 
 /// The area of the main window between its menus and the status bar: the surfaces on top of each other and the tool
@@ -35,7 +36,7 @@ public:
     void AddTab(Surface surface, QWidget* tab);
 
     /// Shows or hides a surface. Of those that cover each other the one shown last lies on top, and it alone
-    /// takes keys and letters.
+    /// takes keys and letters. A chart that is hidden is gone: the next command draws a new one.
     void SetVisible(Surface surface, bool visible);
 
     /// True for a surface that covers what is shown already: the tabs and the results.
@@ -52,6 +53,7 @@ public:
 
     platform::RichTextBox& NumericReport() { return *rtfNumDisp_; }
     platform::RichTextBox& SailingReport() { return *rtfCalcWP_; }
+    ChartView& Chart() { return *picLMChart_; }
 
     /// Puts a tab surface in the middle.
     void CenterTab(Surface surface);
@@ -67,6 +69,7 @@ private:
     std::vector<Surface> covering_; ///< those shown, from below to the top
     platform::RichTextBox* rtfNumDisp_;
     platform::RichTextBox* rtfCalcWP_;
+    ChartView* picLMChart_;
     MainToolBars* toolBars_ = nullptr;
 };
 

@@ -61,8 +61,7 @@ MainToolBars::MainToolBars(const CommandRunner& runner, QWidget* parent) : platf
         made->setObjectName(button.Name);
         made->setEnabled(runner.Has(button.Runs));
     }
-    // The two take turns at one place.
-    findChild<QWidget*>("bthGrid2")->hide();
+    ShowGridButton(false);
 }
 
 void MainToolBars::ShowBar(Bar bar)
@@ -80,6 +79,16 @@ Bar MainToolBars::ShownBar() const
 void MainToolBars::SetBarEnabled(bool enabled)
 {
     bars_.at(Bar::Working)->setEnabled(enabled);
+}
+
+void MainToolBars::ShowGridButton(bool takesAway)
+{
+    // The two take turns at one place, and with the focus.
+    auto* const coming = findChild<QWidget*>(takesAway ? "bthGrid2" : "bthGrid1");
+    auto* const going = findChild<QWidget*>(takesAway ? "bthGrid1" : "bthGrid2");
+    coming->show();
+    if (going->hasFocus()) coming->setFocus();
+    going->hide();
 }
 
 } // namespace merov::app

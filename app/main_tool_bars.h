@@ -24,6 +24,9 @@ public:
     /// Of `tlhWorking`.
     void SetBarEnabled(bool enabled);
 
+    /// The button of the grid that stands there: the one that takes the grid away, or brings it.
+    void ShowGridButton(bool takesAway);
+
 private:
     std::map<Bar, platform::ToolBar*> bars_;
 };

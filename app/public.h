@@ -14,6 +14,9 @@ struct ProgramTables {
     double EtaRounding = 86400.0; ///< times of the ETA table are rounded to this part of a day
 };
 
+/// The template of the numeric report, a file in AppPath.
+constexpr const char* ReportTemplate = "NumResults.rtf";
+
 /// "1.2" and the first character of the revision, from "1.2.0": "1.20". A part that is missing is left
 /// out.
 QString VersionTextOf(const QString& version);

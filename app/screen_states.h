@@ -57,7 +57,8 @@ enum class Transition {
     EraseOnInput,     ///< mnuAstroErase with the input in view
     EraseElsewhere,   ///< mnuAstroErase from the results
     InputComplete,    ///< observations reached with a complete input, or a file loaded
-    NumericReport,    ///< cmdNumRes after a fix
+    ReportAwaited,    ///< cmdNumRes after a fix: the moment before the report shows
+    NumericReport,    ///< the report shows
     Chart,            ///< cmdGraphRes after a fix
     BackToStarFix,    ///< bthBackStarFix1, bthBackStarFix2
     Utilities,        ///< mnuUtilRL, mnuUtilGC, mnuUtilETA

@@ -12,6 +12,7 @@
 #include <QScreen>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The start of the main window, before its user sees it.
@@ -61,14 +62,19 @@ void FrmWorking::LoadDocuments()
 {
     const std::pair<const char*, platform::RichTextBox*> documents[] = {
         {"InfoProg.rtf", &frmSplash_->AboutText()},
-        {"NumResults.rtf", &surfaces_->NumericReport()},
+        {ReportTemplate, &surfaces_->NumericReport()},
         {"CalcWP.rtf", &surfaces_->SailingReport()},
     };
     std::vector<std::string> failures;
     for (const auto& [name, view] : documents)
         if (const std::optional<QString> failure = view->LoadFile(tables_.AppPath + "/" + name))
             failures.push_back(name + (": " + failure->toStdString()));
-    if (failures.empty()) return;
+    if (!failures.empty()) TellMissing(std::move(failures));
+}
+
+/// Tells which documents could not be loaded, and why.
+void FrmWorking::TellMissing(std::vector<std::string> failures) const
+{
     failures.insert(failures.begin(),
                     "Documents of the program could not be loaded from " + tables_.AppPath.toStdString() + ":");
     failures.emplace_back("The program runs on without them.");

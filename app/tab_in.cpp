@@ -22,9 +22,6 @@ namespace
 
 using fix::InputFlag;
 
-constexpr double FirstLopScale = 5.0;
-constexpr double FirstChartMargin = 0.1;
-
 // The pages by their index.
 constexpr int PositionTab = 0;
 constexpr int ConditionsTab = 1;
@@ -101,8 +98,7 @@ void TabIn::InstallMasks()
 
 void TabIn::Erase()
 {
-    input_.LopScale = FirstLopScale;
-    input_.ChartMargin = FirstChartMargin;
+    input_.Chart = {};
     ShowPage(PositionTab);
     fix::EraseEntries(input_.Entry, input_.Session, ephemeris::CurrentGmtHour());
     ShowFields();

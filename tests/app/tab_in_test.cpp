@@ -378,7 +378,7 @@ TEST_F(Tabs, EraseEmptiesAllButTheCheckBoxes)
     Input.Entry.FindSystErr = false;
     Input.Entry.OneEstPos = true;
     Input.Entry.Rows[1][fix::GridColumn::Body] = "VEGA";
-    Input.LopScale = Input.ChartMargin = 1.0;
+    Input.Chart = {1.0, 1.0};
     In.ShowEntries();
     EXPECT_EQ(Colour(EntryField::HeightMetres), app::ValidColour);
     EXPECT_EQ(Colour(EntryField::Latitude), Window);
@@ -387,8 +387,8 @@ TEST_F(Tabs, EraseEmptiesAllButTheCheckBoxes)
     Type("<999"); // refused, were it left
     In.Erase();
     EXPECT_EQ(In.currentIndex(), 0);
-    EXPECT_EQ(Input.LopScale, 5.0);
-    EXPECT_EQ(Input.ChartMargin, 0.1);
+    EXPECT_EQ(Input.Chart.LopScale, 5.0);
+    EXPECT_EQ(Input.Chart.ChartMargin, 0.1);
     EXPECT_EQ(Time(1).Value(), Hour18);
     EXPECT_EQ(Shown(EntryField::AirCelsius), QString("_20"));
     EXPECT_EQ(Shown(EntryField::Latitude), QString("__°__'._ _"));

@@ -10,8 +10,8 @@
 #include "platform/masked_edit.h"
 #include "platform/message_boxes.h"
 #include "support/fake_clock.h"
+#include "support/fake_printers.h"
 #include "support/map_settings.h"
-#include "support/no_printers.h"
 #include "support/scripted_dialogs.h"
 
 #include <QAction>
@@ -104,6 +104,8 @@ public:
                                           .AppPath = RunDir,
                                           .Documents = home_.path()})
     {
+        printers_.Listed = {"Bridge", "Chart room"};
+        printers_.First = "Bridge";
     }
 
     void Run()
@@ -112,6 +114,9 @@ public:
         window_.StartUp({});
         camera_.Take("main");
         Input();
+        for (const char* sample : {"evening_stars", "twelve_sights", "date_line_south"})
+            Results(sample);
+        ResultForms();
         Dialogs();
     }
 
@@ -167,6 +172,10 @@ private:
         Find<QAction>("mnuAstroLoad").trigger();
         ShowTab(2);
         Click("cmdNumRes");
+        Click("bthBackStarFix1");
+        Click("bthMain"); // the panels of the fix stay
+        Click("picStarFix");
+        ShowTab(2);
         camera_.Take("input_observations");
         RefuseAltitude();
         camera_.TakeModal("time_capture", [](QWidget& form) { form.close(); });
@@ -184,6 +193,36 @@ private:
         camera_.TakeModal("input_observations_box", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
         QTest::keyClick(window_.focusWidget(), Qt::Key_Backtab); // to the grid, over the same cell
         camera_.Take("input_observations_refused");
+    }
+
+    /// Report and chart of a sample.
+    void Results(const QString& sample)
+    {
+        dialogs_.Answers = {RunDir + "/Observations/" + sample + ".obs"};
+        Find<QAction>("mnuAstroLoad").trigger();
+        Click("bthNumRes");
+        camera_.Take("report_" + sample);
+        Click("bthBackStarFix1");
+        Click("bthGraphRes");
+        camera_.Take("chart_" + sample);
+        Click("bthGrid1");
+        camera_.Take("chart_" + sample + "_grid");
+        Click("bthGrid2");
+        Click("bthBackStarFix2");
+    }
+
+    /// The forms that belong to a result in view.
+    void ResultForms()
+    {
+        Click("bthNumRes");
+        camera_.TakeModal("probability", [](QWidget& form) { form.close(); });
+        Find<QAction>("mnuAstroProba").trigger();
+        camera_.TakeModal("print_select", [this](QWidget& form) {
+            camera_.TakeModal("print_wait", [](QWidget&) {}); // it closes by itself
+            QTest::keyClick(&form, Qt::Key_Return);
+        });
+        Click("bthPrint1");
+        Click("bthBackStarFix1");
     }
 
     void Dialogs()
@@ -206,7 +245,7 @@ private:
     Photographer& camera_;
     test::MapSettings settings_;
     test::ScriptedDialogs dialogs_;
-    test::NoPrinters printers_;
+    test::FakePrinters printers_;
     QTemporaryDir home_;
     app::FrmWorking window_;
 };
