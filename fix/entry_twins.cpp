@@ -14,7 +14,6 @@ namespace
 
 using numeric::FormatNumber;
 
-constexpr double FeetPerMetre = 3.28084;
 constexpr double MetresPerFoot = 0.3048;
 
 /// A spin button: it steps down from `LowestDown` and up from `HighestUp` at most.
@@ -45,7 +44,7 @@ std::optional<EntryTwin> TwinOf(EntryField field, double value)
     };
     switch (field) {
     case EntryField::HeightMetres:
-        return twin(EntryField::HeightFeet, value * FeetPerMetre, "000.0");
+        return twin(EntryField::HeightFeet, value * numeric::FeetPerMetre, "000.0");
     case EntryField::HeightFeet:
         return twin(EntryField::HeightMetres, value * MetresPerFoot, "00.0");
     case EntryField::AirCelsius:

@@ -124,6 +124,8 @@ double MinOf(const Vector& a, int first, int last);
 /// Index of `text`, blanks trimmed at both ends, in the sorted `list`; -1 if it isn't there.
 int FindSorted(std::string_view text, const std::vector<std::string_view>& list);
 
+constexpr double FeetPerMetre = 3.28084; ///< as the program's displays count; back by 0.3048
+
 /// Units: temperature, and pressure by the factors 0.02953 and 33.8638 (no exact inverses).
 double CelsiusToFahrenheit(double t);
 double FahrenheitToCelsius(double t);

@@ -5,6 +5,7 @@
 #include "numeric/math_lib.h"
 #include "output/program_name.h"
 #include "output/report_fonts.h"
+#include "output/report_template.h"
 #include "output/report_texts.h"
 #include "output/sight_block.h"
 
@@ -23,12 +24,9 @@ using numeric::FormatLong;
 using numeric::FormatNumber;
 using platform::RichText;
 
-const QString Marker = QStringLiteral("§");
-constexpr qsizetype MarkerCount = 33;
+constexpr int MarkerCount = 33;
 
-constexpr double TextIndent = 210.0;   // twips
 constexpr double BulletIndent = 300.0; // twips
-constexpr double FeetPerMetre = 3.28084;
 
 /// How a marker is replaced: in its own format, in blue, or as a list with bullets.
 enum class Look { Plain, Blue, List };
@@ -106,7 +104,7 @@ const Replacement Results[] = {
     {MotionAndError},
     // Conditions of the observations
     {[](const SightSession& s) { return FormatNumber(s.HeightOfEye, "#0.0"); }},
-    {[](const SightSession& s) { return FormatNumber(s.HeightOfEye * FeetPerMetre, "##0.0"); }},
+    {[](const SightSession& s) { return FormatNumber(s.HeightOfEye * numeric::FeetPerMetre, "##0.0"); }},
     {[](const SightSession& s) { return FormatNumber(s.AirTemp, "##0"); }},
     {[](const SightSession& s) { return FormatNumber(numeric::CelsiusToFahrenheit(s.AirTemp), "##0"); }},
     {[](const SightSession& s) { return FormatNumber(s.WaterTemp, "##0"); }},
@@ -127,7 +125,7 @@ static_assert(std::size(Results) + std::size(Details) + 2 == MarkerCount); // an
 
 void Replace(RichText& text, const Replacement& replacement, const SightSession& session)
 {
-    text.Select(text.Find(Marker), static_cast<int>(Marker.size()));
+    text.Select(text.Find(TemplateMarker), static_cast<int>(TemplateMarker.size()));
     if (replacement.As == Look::Blue) text.SetColour(Qt::blue);
     if (replacement.As == Look::List) {
         text.SetFontName(CodeFont);
@@ -165,23 +163,15 @@ std::optional<QString> BuildNumericReport(RichText& text, const QString& templat
                                           const sailing::EarthModel& earth, int linesPerPage)
 {
     RichText report;
-    if (std::optional<QString> wrong = report.LoadFile(templateFile)) return wrong;
-    const qsizetype markers = report.Document().toPlainText().count(Marker);
-    if (markers != MarkerCount)
-        return QStringLiteral("The template of the report is damaged: it has %1 markers § in place of %2.")
-            .arg(markers)
-            .arg(MarkerCount);
-    report.SelectAll();
-    report.SetIndent(TextIndent);
-
+    if (std::optional<QString> wrong = LoadTemplate(report, templateFile, MarkerCount)) return wrong;
     for (const Replacement& result : Results)
         Replace(report, result, session);
-    report.ReplaceMarker(Marker, Filler(session, linesPerPage));
+    report.ReplaceMarker(TemplateMarker, Filler(session, linesPerPage));
 
     fix::BuildReportView(session, earth.InverseFlattening, earth.SemiMajorAxisNm);
     for (const Replacement& detail : Details)
         Replace(report, detail, session);
-    report.ReplaceMarker(Marker, QString());
+    report.ReplaceMarker(TemplateMarker, QString());
     PutSights(report, session);
     PutEnd(report);
     text = std::move(report);

@@ -35,10 +35,10 @@ void Refuse(const std::vector<std::string>& lines, double& answer, double value,
 }
 
 // A tolerance of 1e-6 mile: near a parallel the residual in degrees is too coarse for a finer one.
-double SearchDistance(NautLibFct& functions, double start, int n)
+double SearchDistance(NautLibFct& functions, double start, int n, double step = 10.0)
 {
     bool failed = false;
-    return numeric::FindRoot(functions, start, 10.0, 0.0, numeric::LargestDouble, false, 1e-6, 100, n, true, failed);
+    return numeric::FindRoot(functions, start, step, 0.0, numeric::LargestDouble, false, 1e-6, 100, n, true, failed);
 }
 
 double SearchCourse(NautLibFct& functions, double start)
@@ -115,7 +115,8 @@ void RhumbLineInverse(double lat1, double long1, double lat2, double long2, doub
                .InverseFlattening = r,
                .SemiMajorAxis = a};
     if (sameParallel) {
-        distance = SearchDistance(functions, distance, 4);
+        // Close to a pole ten miles lead half round the parallel.
+        distance = SearchDistance(functions, distance, 4, std::min(10.0, distance));
         return;
     }
     course = SearchCourse(functions, course);

@@ -1,6 +1,7 @@
 #include "sailing/naut_lib_fct.h"
 
 #include "sailing/ellipsoid.h"
+#include "support/expect.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,20 @@ TEST(NautLibFctTest, EachNumberReachesItsOwnRecord)
     functions.Sun.TargetAltitude = -6.0;
     for (const int n : {12, 13})
         EXPECT_EQ(functions.f(38128.75, n), functions.Sun.f(38128.75, n)) << n;
+    functions.Geodesic = GeodesicProblemOn(earth.InverseFlattening);
+    GeodesicProblem& geodesic = functions.Geodesic;
+    geodesic.DepLat = 0.3;
+    geodesic.ArrLat = 0.5;
+    geodesic.ArrLong = 0.8;
+    geodesic.CotVertex = 0.2;
+    geodesic.Inclination = 0.7;
+    for (const int n : {5, 6, 9, 10, 11})
+        EXPECT_EQ(functions.f(0.25, n), GeodesicFunction(0.25, n, geodesic)) << n;
+    for (const int n : {7, 8})
+        EXPECT_EQ(functions.f(0.25, n), RateIntegrands(0.7, geodesic.OneMinusE2).f(0.25, n)) << n;
+    for (const int n : {1, 2, 3, 4, 5, 6})
+        EXPECT_EQ(functions.SysEq(test::VectorOf({0.6, 0.25}), n), GeodesicEquation(0.6, 0.25, n, geodesic)) << n;
+    EXPECT_NE(functions.f(0.25, 9), functions.f(0.25, 11));
     EXPECT_EQ(functions.f(1.0, 15), 0.0); // unknown
     EXPECT_EQ(functions.SysEq(numeric::Vector(1, 2, 1.0), 99), 0.0);
 }

@@ -215,5 +215,22 @@ TEST_F(RhumbSolutionsTest, WhatHasNoValueRaisesAFault)
     }
 }
 
+// A step of ten miles would lead past the other side of the parallel.
+TEST(RhumbSolutions, SmallParallelsNearAPole)
+{
+    const test::BoxRecorder boxes;
+    const EarthModel earth = EllipsoidAt(DefaultEllipsoidIndex);
+    const double f = 1.0 / earth.InverseFlattening;
+    for (const double lat : {89.9, 89.9999, -89.9999999, 90.0})
+        for (const double between : {2.0, 90.0, 175.0}) {
+            const double sine = std::sin(lat * Degree);
+            const double radius = earth.SemiMajorAxisNm * std::cos(lat * Degree) /
+                                  std::sqrt(1.0 - f * (2.0 - f) * sine * sine); // of the parallel
+            const Answer answer = Inverse(lat, 10.0, lat, 10.0 - between, earth);
+            EXPECT_NEAR(answer.Distance, radius * between * Degree, 1e-3) << lat << " " << between;
+            EXPECT_EQ(answer.First, 270.0);
+        }
+}
+
 } // namespace
 } // namespace merov::sailing
