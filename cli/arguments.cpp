@@ -129,9 +129,9 @@ void AddCourse(CLI::App& command, double& value)
     })->required();
 }
 
-void AddTime(CLI::App& command, double& value)
+void AddTime(CLI::App& command, const std::string& name, double& value, const std::string& help)
 {
-    AddWord(command, "TIME", "GMT, \"YYYY-MM-DD HH:MM:SS\"", "a time \"YYYY-MM-DD HH:MM:SS\"",
+    AddWord(command, name, help + ", \"YYYY-MM-DD HH:MM:SS\"", "a time \"YYYY-MM-DD HH:MM:SS\"",
             [&value](const std::string& word) {
                 const std::optional<double> time = ephemeris::ParseIsoDateTime(word);
                 if (time) value = *time;
@@ -171,15 +171,26 @@ void AddEllipsoid(CLI::App& command)
         ->type_name("N");
 }
 
-void AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
-                   const std::vector<std::string>& endings, const std::string& help)
+CLI::Option* AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
+                           const std::vector<std::string>& endings, const std::string& help)
 {
     const std::string forms = CLI::detail::join(endings, ", .");
-    AddWord(command, name, help, "a file name that ends in one of ." + forms, [&file, endings](std::string word) {
+    const auto read = [&file, endings](const std::string& word) {
         file = word;
         const std::string ending = std::filesystem::path(CLI::detail::to_lower(word)).extension().string();
         return !ending.empty() && std::find(endings.begin(), endings.end(), ending.substr(1)) != endings.end();
-    })->type_name("FILE.(" + CLI::detail::join(endings, "|") + ")");
+    };
+    return AddWord(command, name, help, "a file name that ends in ." + forms, read)
+        ->type_name("FILE.(" + CLI::detail::join(endings, "|") + ")");
+}
+
+CLI::Option* AddBounded(CLI::App& command, const std::string& name, std::optional<double>& value,
+                        const std::string& help, const std::string& want, double lower, double upper)
+{
+    return AddWord(command, name, help, want, [&value, lower, upper](const std::string& word) {
+        value = NumberIn(word);
+        return value && *value >= lower && *value <= upper;
+    });
 }
 
 void AddDataFolder(CLI::App& command)

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,17 +24,22 @@ void AddOptionalNumber(CLI::App& command, const std::string& name, double& value
 void AddLatitude(CLI::App& command, const std::string& name, double& value);  ///< -90..90
 void AddLongitude(CLI::App& command, const std::string& name, double& value); ///< -180..360
 void AddCourse(CLI::App& command, double& value);                             ///< any; reduced to 0..360
-void AddTime(CLI::App& command, double& value);                               ///< "YYYY-MM-DD HH:MM:SS"
-void AddDate(CLI::App& command, double& value);                               ///< "YYYY-MM-DD"
-void AddHeight(CLI::App& command, double& value);                             ///< metres, 0 or more
+void AddTime(CLI::App& command, const std::string& name, double& value,
+             const std::string& help);            ///< "YYYY-MM-DD HH:MM:SS"
+void AddDate(CLI::App& command, double& value);   ///< "YYYY-MM-DD"
+void AddHeight(CLI::App& command, double& value); ///< metres, 0 or more
 
 /// --ellipsoid N: puts row N of the list (0..19) in force as soon as it is read.
 void AddEllipsoid(CLI::App& command);
 
 /// An option that takes the name of a file to write, whose ending tells its form.
 /// @param endings  the forms that there are, in small letters; capital ones are taken as well
-void AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
-                   const std::vector<std::string>& endings, const std::string& help);
+CLI::Option* AddOutputFile(CLI::App& command, const std::string& name, std::string& file,
+                           const std::vector<std::string>& endings, const std::string& help);
+
+/// An option that takes a number from `lower` to `upper`. @param want  what the number is, for wrong usage
+CLI::Option* AddBounded(CLI::App& command, const std::string& name, std::optional<double>& value,
+                        const std::string& help, const std::string& want, double lower, double upper);
 
 /// --data DIR: the folder of Planet.dat.
 void AddDataFolder(CLI::App& command);

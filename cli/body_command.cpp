@@ -101,13 +101,13 @@ void AddBodyCommands(CLI::App& app, const JobTaker& run)
     const auto words = std::make_shared<Words>();
     CLI::App* body = AddCommand(app, "body", "apparent place and magnitude of one body");
     body->add_option("CODE", words->Code, "body code such as VEGA, MARS, SUNLOW, MOONUPP")->required();
-    AddTime(*body, words->Instant);
+    AddTime(*body, "TIME", words->Instant, "GMT");
     AddDataFolder(*body);
     body->callback(
         [words, run] { run([words](const BoxLog& log) { return BodyJob(words->Code, words->Instant, log); }); });
 
     CLI::App* bodies = AddCommand(app, "bodies", "apparent places and magnitudes of all bodies");
-    AddTime(*bodies, words->Instant);
+    AddTime(*bodies, "TIME", words->Instant, "GMT");
     AddDataFolder(*bodies);
     bodies->callback([words, run] { run([words](const BoxLog&) { return BodiesJob(words->Instant); }); });
 }

@@ -23,6 +23,8 @@ void AddConvertCommand(CLI::App& app, const JobTaker& run);
 void AddBodyCommands(CLI::App& app, const JobTaker& run); ///< body and bodies
 void AddSunCommand(CLI::App& app, const JobTaker& run);
 void AddRhumbCommand(CLI::App& app, const JobTaker& run);
+void AddGcCommand(CLI::App& app, const JobTaker& run);
+void AddEtaCommand(CLI::App& app, const JobTaker& run);
 
 /// A command below `app` with its description; its job runs when it is given. `--json` comes with it.
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);

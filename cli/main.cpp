@@ -35,7 +35,7 @@ namespace
 
 int Run(int argc, char** argv)
 {
-    CLI::App app("Celestial navigation: fixes from sextant sights, places of bodies, rhumb lines.\n"
+    CLI::App app("Celestial navigation: fixes from sextant sights, places of bodies, sailings.\n"
                  "Angles are decimal degrees, north and east positive; times are GMT; heights are metres.",
                  "merov-cli");
     app.set_version_flag("--version", "merov-cli " MEROV_VERSION);
@@ -47,6 +47,8 @@ int Run(int argc, char** argv)
     AddBodyCommands(app, run);
     AddSunCommand(app, run);
     AddRhumbCommand(app, run);
+    AddGcCommand(app, run);
+    AddEtaCommand(app, run);
 
     try {
         std::vector<std::string> words = ArrangedWords(app, argc, argv);

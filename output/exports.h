@@ -2,13 +2,14 @@
 
 #include "fix/sight_session.h"
 #include "sailing/ellipsoid.h"
+#include "sailing/voyage.h"
 
 #include <QString>
 
 #include <optional>
 
-/// The report and the chart of a fix as files, made by the same routines as on the screen and on paper.
-/// A QGuiApplication must exist, since texts are measured.
+/// The report and the chart of a fix, and the report of a voyage, as files, made by the same routines as on the screen
+/// and on paper. A QGuiApplication must exist, since texts are measured.
 
 namespace merov::output
 {
@@ -28,5 +29,13 @@ namespace merov::output
 ///         go to the caller
 [[nodiscard]] std::optional<QString> WriteChart(const QString& file, fix::SightSession session,
                                                 const sailing::EarthModel& earth);
+
+/// Writes the report of a voyage on the ellipsoid in force, in the forms of WriteReport.
+/// @param voyage   one that was not refused
+/// @param appPath  folder of CalcWP.rtf
+/// @return what went wrong, as a sentence
+[[nodiscard]] std::optional<QString> WriteSailingReport(const QString& file, const QString& appPath,
+                                                        const sailing::Voyage& voyage,
+                                                        const sailing::EarthModel& earth);
 
 } // namespace merov::output

@@ -20,8 +20,9 @@ struct PrintMargins {
     int Bottom = 0;
 };
 
-/// Those of the numeric report.
+/// Those of the numeric report and of the sailing report.
 constexpr PrintMargins ReportMargins{.Left = 1500, .Top = 1000, .Right = 500, .Bottom = 1000};
+constexpr PrintMargins SailingReportMargins{.Left = 1685, .Top = 1000, .Right = 500, .Bottom = 1000};
 
 /// Pours a text onto pages and ends the job. The text itself stays as it is; what it doesn't colour is
 /// printed black. Blank lines at the end make no page.

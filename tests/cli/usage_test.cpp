@@ -29,6 +29,15 @@ TEST(CliUsage, WrongUsageSaysWhyAndNothingOnStandardOutput)
         {"rhumb direct 1 2 3", "DISTANCE", {"", " ", " 4x", " 4,5", " nan", " -inf", " 1e400"}},
         {"rhumb direct 1 2 3 4", "not expected", {" 5", " --data ."}},
         {"rhumb direct 1 2 3 4 --ellipsoid", "--ellipsoid: ", {"", " -1", " 20", " 1.5", " WGS"}},
+        {"gc 1 2 3", "LONG2", {"", " 4x", " 361"}},
+        {"gc 1 2 3 4", "--interval", {" --interval -1", " --interval", " --gpx a.gpx"}},
+        {"gc 1 2 3 4", "--max-lat", {" --max-lat 91", " --max-lat north"}},
+        {"gc 1 2 3 4 --report a.doc", "\"a.doc\" is not a file name that ends in", {""}},
+        {"eta 30", "MIN", {"", " 0 15 1 2026-05-01~23:50:00"}},
+        {"eta 30 12 11 1 2026-05-01~23:50:00", "MAX: is below MIN", {""}},
+        {"eta 30 12 15 0 2026-05-01~23:50:00", "STEP: is not above 0", {""}},
+        {"eta 30 12 15 1", "DEPARTURE", {"", " 2026-05-01"}},
+        {"eta 30 12 15 1 2026-05-01~23:50:00", "--round", {" --round 100"}},
         {"rhumb inverse 1 2 3 -180.1", "LONG2: \"-180.1\" is not a longitude", {""}},
     };
     for (const auto& [begin, reason, endings] : wrong)
@@ -42,12 +51,14 @@ TEST(CliUsage, WrongUsageSaysWhyAndNothingOnStandardOutput)
 TEST(CliUsage, HelpAndVersion)
 {
     const std::pair<std::string, std::vector<std::string>> helps[] = {
-        {"", {"fix", "convert", "body", "bodies", "sun", "rhumb", "--version"}},
+        {"", {"fix", "convert", "body", "bodies", "sun", "rhumb", "gc", "eta", "--version"}},
         {" fix", {"FILE", "--json", "--probability", "--truncated", "--no-systematic", "--one-position", "--view"}},
         {" convert", {"IN", "OUT", "--json"}},
         {" body", {"CODE", "TIME", "--json", "--data"}},
         {" bodies", {"TIME", "--json", "--data"}},
         {" sun", {"LAT", "LONG", "DATE", "HEIGHT", "--json"}},
+        {" gc", {"LAT1", "LONG2", "--max-lat", "--interval", "--report", "--gpx", "--ellipsoid", "--json"}},
+        {" eta", {"DISTANCE", "MIN", "MAX", "STEP", "DEPARTURE", "--zone", "--arrival-zone", "--round", "--json"}},
         {" rhumb", {"direct", "inverse", "to-latitude", "to-longitude"}},
         {" rhumb direct", {"LAT1", "LONG1", "COURSE", "DISTANCE", "--ellipsoid", "--json"}},
         {" rhumb inverse", {"LAT1", "LONG1", "LAT2", "LONG2"}},
