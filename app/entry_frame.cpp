@@ -68,7 +68,7 @@ EntryFrame::EntryFrame(const QString& name, const QString& caption) : QGroupBox(
     grid_->setColumnStretch(ControlColumn, 1);
 }
 
-void EntryFrame::AddRow(const QString& label, std::initializer_list<QWidget*> controls)
+QLabel* EntryFrame::AddRow(const QString& label, std::initializer_list<QWidget*> controls)
 {
     const int row = labels_.empty() ? 0 : grid_->rowCount();
     QLabel* text = MakeText(label);
@@ -82,6 +82,7 @@ void EntryFrame::AddRow(const QString& label, std::initializer_list<QWidget*> co
         side->addWidget(control);
     side->addStretch();
     grid_->addLayout(side, row, ControlColumn);
+    return text;
 }
 
 void EntryFrame::AddPicture(const char* picture, const QString& name, int firstRow, int rows)

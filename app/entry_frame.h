@@ -45,7 +45,8 @@ public:
 
     /// Adds a row. The label's buddy is the first of the controls, which stand side by side in the frame's
     /// column of controls. An empty label leaves its place free.
-    void AddRow(const QString& label, std::initializer_list<QWidget*> controls);
+    /// @return the label
+    QLabel* AddRow(const QString& label, std::initializer_list<QWidget*> controls);
 
     /// Puts a picture at the left of rows that have been added.
     void AddPicture(const char* picture, const QString& name, int firstRow, int rows);

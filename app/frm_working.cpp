@@ -9,6 +9,7 @@
 #include "app/print_flow.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
+#include "app/tab_util.h"
 #include "app/window_place.h"
 #include "numeric/message_box.h"
 #include "platform/application.h"
@@ -30,8 +31,8 @@ namespace merov::app
 FrmWorking::FrmWorking(const Surroundings& surroundings)
     : surroundings_(surroundings), tables_(InitialTables(surroundings.AppPath, MEROV_VERSION)),
       surfaces_(new MainSurfaces(this)), staNumDisp_(new platform::StatusPanels), tabIn_(new TabIn(input_)),
-      tabOptions_(new TabOptions(input_)), frmTimeStore_(new FrmTimeStore(input_.StoredTime, this)),
-      frmEnd_(new FrmEnd(this))
+      tabOptions_(new TabOptions(input_)), tabUtil_(new TabUtil(input_.Journal)),
+      frmTimeStore_(new FrmTimeStore(input_.StoredTime, this)), frmEnd_(new FrmEnd(this))
 {
     setObjectName("frmWorking");
     setWindowTitle(" Merov 1.2");
@@ -44,6 +45,7 @@ FrmWorking::FrmWorking(const Surroundings& surroundings)
     surfaces_->AddPictures(runner);
     surfaces_->AddTab(Surface::TabIn, tabIn_);
     surfaces_->AddTab(Surface::TabOptions, tabOptions_);
+    surfaces_->AddTab(Surface::TabUtil, tabUtil_);
     setCentralWidget(surfaces_);
     BuildStatusBar();
     BuildShortcuts();
@@ -110,6 +112,14 @@ void FrmWorking::ConnectTabs()
     tabIn_->OnOneEstPos = [this](bool) { tabOptions_->ShowOneEstPos(); };
     tabOptions_->OnEnd = command(&FrmWorking::cmdEndTabOptions);
     tabOptions_->OnOneEstPos = [this](bool) { tabIn_->ShowOneEstPos(); };
+    tabOptions_->OnEllipsoid = [this] { Guarded([this] { tabUtil_->ShowEllipsoid(IsVisible(Surface::TabUtil)); }); };
+    tabUtil_->OnEnd = command(&FrmWorking::cmdEndTabUtil);
+    tabUtil_->OnChangeEllipsoid = command(&FrmWorking::ChangeEllipsoid);
+    tabUtil_->OnPrintReport = command(&FrmWorking::PrintSailingReport);
+    tabUtil_->OnPrintEta = command(&FrmWorking::PrintEtaTable);
+    tabUtil_->OnNoTemplate = [this](const QString& failure) {
+        TellMissing({SailingTemplate + (": " + failure.toStdString())});
+    };
 }
 
 void FrmWorking::closeEvent(QCloseEvent* event)

@@ -37,6 +37,7 @@ class ObservationFiles;
 class PrintFlow;
 class TabIn;
 class TabOptions;
+class TabUtil;
 
 /// What the main window needs of the world around it; tests bring their own.
 struct Surroundings {
@@ -86,6 +87,12 @@ public:
     void cmdEndTabOptions();
     void bthMain();
     void bthBackStarFix();
+
+    // The commands of the sailings.
+    void mnuUtilRL();
+    void mnuUtilGC();
+    void mnuUtilETA();
+    void cmdEndTabUtil();
 
     // The commands of the results.
     void cmdNumRes();
@@ -137,6 +144,11 @@ private:
     void TellMissing(std::vector<std::string> failures) const;
     void Change(Transition transition);
     void Guarded(const std::function<void()>& command);
+    void OpenOptions(Transition transition);
+    void OpenUtility(int page);
+    void ChangeEllipsoid();
+    void PrintSailingReport();
+    void PrintEtaTable();
     void FocusSurface();
     void FocusInput();
     static void FocusFirst(QWidget& surface);
@@ -159,6 +171,7 @@ private:
     platform::StatusPanels* staNumDisp_;
     TabIn* tabIn_;
     TabOptions* tabOptions_;
+    TabUtil* tabUtil_;
     std::unique_ptr<MainMenu> menu_;
     MainToolBars* toolBars_ = nullptr;
     FrmTimeStore* frmTimeStore_;

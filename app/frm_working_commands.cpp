@@ -7,6 +7,7 @@
 #include "app/observation_grid.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
+#include "app/tab_util.h"
 #include "platform/application.h"
 #include "platform/help_window.h"
 #include "platform/message_boxes.h"
@@ -52,6 +53,9 @@ const std::map<Command, Routine>& Routines()
         {Command::Proba, &F::mnuAstroProba},
         {Command::ProbaNum, &F::bthEllipse1},
         {Command::ProbaGraph, &F::bthEllipse2},
+        {Command::UtilRL, &F::mnuUtilRL},
+        {Command::UtilGC, &F::mnuUtilGC},
+        {Command::UtilETA, &F::mnuUtilETA},
         {Command::OptionsTab, &F::mnuOptionsTab},
         {Command::Manual, &F::mnuHelpManual},
         {Command::About, &F::mnuHelpAbout},
@@ -143,13 +147,13 @@ void FrmWorking::cmdEraseObs()
     Change(Transition::EraseEntries);
 }
 
-/// Leaves the field of the input that is being edited, since a menu doesn't, and what stands on the screen
-/// is to count. False when the field refuses.
+/// Leaves the field of the input or of the sailings that is being edited, since a menu doesn't, and what
+/// stands on the screen is to count. False when the field refuses.
 bool FrmWorking::LeaveEditedField()
 {
     QWidget* field = focusWidget();
-    const bool edited = field != nullptr && tabIn_->isAncestorOf(field) && !tabIn_->Grid().isAncestorOf(field);
-    if (!edited) return true;
+    const bool onInput = tabIn_->isAncestorOf(field) && !tabIn_->Grid().isAncestorOf(field);
+    if (!onInput && !tabUtil_->isAncestorOf(field)) return true;
     if (!platform::TakeFocus(*surfaces_)) return false;
     if (platform::Application* application = platform::Application::Running()) application->PassFocus(*field);
     return true;
@@ -183,10 +187,14 @@ void FrmWorking::bthBackStarFix()
 
 void FrmWorking::mnuOptionsTab()
 {
-    if (!LeaveEditedField()) return; // what it refuses would be out of sight underneath
+    if (LeaveEditedField()) OpenOptions(Transition::Options); // what it refuses would be out of sight underneath
+}
+
+void FrmWorking::OpenOptions(Transition transition)
+{
     surfaces_->CenterTab(Surface::TabOptions);
     tabOptions_->ShowPage(0);
-    Change(Transition::Options);
+    Change(transition);
     FocusFirst(*tabOptions_->currentWidget());
 }
 

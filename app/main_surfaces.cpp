@@ -36,23 +36,16 @@ constexpr MainPicture MainPictures[] = {
     {Surface::StarFixWizard, "picStarFixWizard", "wizard", "Star Fix Wizard", Command::WizardForward},
 };
 
-platform::RichTextBox* MakeReport(const QString& name, const QString& accessibleName, QWidget* parent)
-{
-    auto* report = new platform::RichTextBox(parent);
-    report->setObjectName(name);
-    report->setAccessibleName(accessibleName);
-    report->hide();
-    return report;
-}
-
 } // namespace
 
 MainSurfaces::MainSurfaces(QWidget* parent) : QWidget(parent)
 {
     auto* gradient = new GradientPanel(this);
     gradient->setObjectName("panhGradient");
-    rtfNumDisp_ = MakeReport("rtfNumDisp", "Numeric results", this);
-    rtfCalcWP_ = MakeReport("rtfCalcWP", "Sailing results", this);
+    rtfNumDisp_ = new platform::RichTextBox(this);
+    rtfNumDisp_->setObjectName("rtfNumDisp");
+    rtfNumDisp_->setAccessibleName("Numeric results");
+    rtfNumDisp_->hide();
     picLMChart_ = new ChartView(this);
     picLMChart_->setObjectName("picLMChart");
     picLMChart_->hide();

@@ -52,7 +52,6 @@ public:
     QWidget* Find(Surface surface) const;
 
     platform::RichTextBox& NumericReport() { return *rtfNumDisp_; }
-    platform::RichTextBox& SailingReport() { return *rtfCalcWP_; }
     ChartView& Chart() { return *picLMChart_; }
 
     /// Puts a tab surface in the middle.
@@ -68,7 +67,6 @@ private:
     std::map<Surface, QWidget*> surfaces_;
     std::vector<Surface> covering_; ///< those shown, from below to the top
     platform::RichTextBox* rtfNumDisp_;
-    platform::RichTextBox* rtfCalcWP_;
     ChartView* picLMChart_;
     MainToolBars* toolBars_ = nullptr;
 };

@@ -14,8 +14,9 @@ struct ProgramTables {
     double EtaRounding = 86400.0; ///< times of the ETA table are rounded to this part of a day
 };
 
-/// The template of the numeric report, a file in AppPath.
+/// The templates of the numeric report and of the sailing report, files in AppPath.
 constexpr const char* ReportTemplate = "NumResults.rtf";
+constexpr const char* SailingTemplate = "CalcWP.rtf";
 
 /// "1.2" and the first character of the revision, from "1.2.0": "1.20". A part that is missing is left
 /// out.

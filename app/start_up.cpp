@@ -3,6 +3,7 @@
 #include "app/main_surfaces.h"
 #include "app/tab_in.h"
 #include "app/tab_options.h"
+#include "app/tab_util.h"
 #include "app/window_place.h"
 #include "numeric/message_box.h"
 #include "platform/rich_text_box.h"
@@ -52,7 +53,9 @@ void FrmWorking::PlaceWindow()
 void FrmWorking::InitProgramTables()
 {
     LoadDocuments();
+    tabUtil_->SetReportTemplate(tables_.AppPath + "/" + SailingTemplate);
     tabIn_->InstallMasks();
+    tabUtil_->InstallMasks();
     tabOptions_->FillEllipsoids();
 }
 
@@ -63,7 +66,7 @@ void FrmWorking::LoadDocuments()
     const std::pair<const char*, platform::RichTextBox*> documents[] = {
         {"InfoProg.rtf", &frmSplash_->AboutText()},
         {ReportTemplate, &surfaces_->NumericReport()},
-        {"CalcWP.rtf", &surfaces_->SailingReport()},
+        {SailingTemplate, &tabUtil_->Report()},
     };
     std::vector<std::string> failures;
     for (const auto& [name, view] : documents)

@@ -76,8 +76,10 @@ QLayout* TabOptions::MakeEllipsoidChoice()
     cboEllipsoid_->setToolTip("Enter the earth model used for calculations");
     cboEllipsoid_->setMaxVisibleItems(sailing::EllipsoidCount);
     cboEllipsoid_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    connect(cboEllipsoid_, &QComboBox::currentIndexChanged, this, [](int index) {
-        if (index >= 0) sailing::SelectEllipsoid(index);
+    connect(cboEllipsoid_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index < 0) return;
+        sailing::SelectEllipsoid(index);
+        if (OnEllipsoid) OnEllipsoid();
     });
     QLabel* name = MakeParagraph("lblFlatCoef", "Reference ellipsoid - Earth flattening coefficient");
     name->setBuddy(cboEllipsoid_);

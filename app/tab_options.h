@@ -36,6 +36,7 @@ public:
     void SetCalledFromUtil(bool called) { calledFromUtil_ = called; }
 
     std::function<void()> OnEnd;           ///< cmdEndTabOptions
+    std::function<void()> OnEllipsoid;     ///< another ellipsoid is in force
     std::function<void(bool)> OnOneEstPos; ///< ch3OneEstPos(0) was clicked; the option has changed
 
 private:

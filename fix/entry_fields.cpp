@@ -20,7 +20,7 @@ struct FieldLayout {
 };
 
 /// By EntryField.
-constexpr std::array<FieldLayout, EntryFieldCount + 2> Layouts = {{
+constexpr std::array<FieldLayout, static_cast<std::size_t>(EntryField::TrackDistance) + 1> Layouts = {{
     {"mskLat(5)", "latitude", "9#°##'s# ?", "__°__'s_ _"},
     {"mskLong(5)", "longitude", "99#°##'s# ?", "___°__'s_ _"},
     {"mskCourse(0)", "course", "99#°s#", "___°s_"},
@@ -36,6 +36,10 @@ constexpr std::array<FieldLayout, EntryFieldCount + 2> Layouts = {{
     {"mskPressHg", "atmospheric pressure", "##s##", "29s91"},
     {"mskHeightInst", "altitude", "9#°##'s#", "__°__'s_"},
     {"mskInstErr(1)", "instrumental correction", "99#s##", "___s__"},
+    {"mskLat(4)", "maximum latitude", "9#°##'", "__°__'"},
+    {"mskLong(4)", "longitude interval", "9#°#0'", "__°_0'"},
+    {"mskCourse(1)", "course", "99#°s#", "___°s_"},
+    {"mskDist", "distance", "#####s##", "_____s__"},
 }};
 
 // Positions of keys that are mapped.
@@ -64,7 +68,8 @@ bool IsDigit(char c)
 
 bool IsAngle(EntryField field)
 {
-    return field == EntryField::Latitude || field == EntryField::Longitude || field == EntryField::CellAltitude;
+    return field == EntryField::Latitude || field == EntryField::Longitude || field == EntryField::CellAltitude ||
+           field == EntryField::MaxLatitude || field == EntryField::LongInterval;
 }
 
 /// True when a place of a mask holds `c`, a character of one byte.
@@ -106,9 +111,10 @@ std::string EntryBlank(EntryField field)
     return WithSeparator(LayoutOf(field).Blank);
 }
 
-bool HasDigit(std::string_view text)
+bool HasDigit(EntryField field, std::string_view text)
 {
-    return std::any_of(text.begin(), text.end(), IsDigit);
+    const std::string_view mask = LayoutOf(field).Mask;
+    return std::count_if(text.begin(), text.end(), IsDigit) > std::count(mask.begin(), mask.end(), '0');
 }
 
 std::optional<std::string> FitToMask(EntryField field, std::string_view text)

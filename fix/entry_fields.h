@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// The masked entry fields of an astro fix: their control names, masks and blank texts.
+/// The masked entry fields of an astro fix and of the sailings: their control names, masks and blank texts.
 ///
 /// In a mask "#" is a digit, "9" an optional digit or sign, "?" a letter, "&" any character, and the
 /// rest stands as it is. An unfilled place shows "_". Positions count characters from 0.
@@ -13,9 +13,10 @@
 namespace merov::fix
 {
 
-/// The fields of the input tabs, then the two masked editors of the observation grid.
+/// The fields of the input tabs, then the two masked editors of the observation grid, then those of the
+/// sailings. All positions have the layout and the rule of the estimated position.
 enum class EntryField {
-    Latitude,        ///< estimated position, "45°30'.2 N"
+    Latitude,        ///< "45°30'.2 N"
     Longitude,       ///< "008°15'.0 W"
     Course,          ///< degrees true, "270°.0"
     Speed,           ///< knots
@@ -29,7 +30,11 @@ enum class EntryField {
     Millibars,       ///< atmospheric pressure
     InchesHg,        ///< its twin
     CellAltitude,    ///< editor of the altitude column, "35°15'.0"
-    CellCorrection   ///< editor of the correction column, minutes of arc
+    CellCorrection,  ///< editor of the correction column, minutes of arc
+    MaxLatitude,     ///< of a great circle, without hemisphere, "45°30'"
+    LongInterval,    ///< between waypoints, by 10', "05°30'"
+    TrackCourse,     ///< of a rhumb line, degrees true
+    TrackDistance    ///< of a rhumb line, miles
 };
 
 /// Number of the fields of the input tabs: those before CellAltitude.
@@ -45,8 +50,8 @@ std::string_view EntryName(EntryField field);
 std::string EntryMask(EntryField field);
 std::string EntryBlank(EntryField field);
 
-/// True when the text holds a digit: a field without one counts as empty.
-bool HasDigit(std::string_view text);
+/// True when the text holds a digit beside those of the field's mask: a field without one counts as empty.
+bool HasDigit(EntryField field, std::string_view text);
 
 /// `text` as the field's mask holds it: one that is too short is filled with "_" on the left, and a
 /// point or a comma in the separator's place becomes the separator in force. Nothing for a text that

@@ -93,27 +93,49 @@ EntryResult RefusedAndShifted(std::string line, const std::string& text)
     return RefusedAsItIs(std::move(line), "_" + WithoutLastCharacter(text));
 }
 
+/// True for the positions, whose text stands after a refusal.
+bool KeepsRefusedText(EntryField field)
+{
+    return field == EntryField::Latitude || field == EntryField::Longitude || field == EntryField::MaxLatitude ||
+           field == EntryField::LongInterval;
+}
+
+/// True for the fields in which a refusal empties the last place and moves nothing.
+bool LosesLastPlace(EntryField field)
+{
+    return field == EntryField::TrackCourse || field == EntryField::TrackDistance;
+}
+
 std::string NotValid(EntryField field)
 {
     return "The " + std::string(EntryName(field)) + " is not valid.";
 }
 
-EntryResult CheckLatitude(const std::string& text)
+/// @param whole  the text with all places of a latitude
+EntryResult CheckLatitude(const std::string& text, const std::string& whole)
 {
-    const double value = numeric::ParseLat(text);
+    const double value = numeric::ParseLat(whole);
     if (value == numeric::BeyondRange) return RefusedAsItIs("Latitude > 90°.", text);
     if (value == numeric::BadMinutes) return RefusedAsItIs("The latitude has more than 59'.", text);
     if (value == numeric::BadHemisphere) return RefusedAsItIs("A latitude can only be N (North) or S (South).", text);
     return Taken(value, text);
 }
 
-EntryResult CheckLongitude(const std::string& text)
+EntryResult CheckLongitude(const std::string& text, const std::string& whole)
 {
-    const double value = numeric::ParseLong(text, false);
+    const double value = numeric::ParseLong(whole, false);
     if (value == numeric::BeyondRange) return RefusedAsItIs("Longitude > 180°.", text);
     if (value == numeric::BadMinutes) return RefusedAsItIs("The longitude has more than 59'.", text);
     if (value == numeric::BadHemisphere) return RefusedAsItIs("A longitude can only be W (West) or E (East).", text);
     return Taken(value, text);
+}
+
+EntryResult CheckLongInterval(const std::string& text)
+{
+    const EntryResult result = CheckLongitude(text, "_" + text + DecimalSeparator() + "0 E");
+    if (result.Verdict == EntryVerdict::Valid && result.Value == 0.0)
+        return RefusedAsItIs("You entered a longitude interval of 00°00'...", text);
+    return result;
 }
 
 EntryResult CheckCourse(const std::string& text)
@@ -128,6 +150,12 @@ EntryResult CheckSpeed(const std::string& text)
 {
     const double value = numeric::ParseUnsigned(text);
     return value < 0.0 ? RefusedAndShifted("Your speed is negative.", text) : Taken(value, text);
+}
+
+EntryResult CheckDistance(const std::string& text)
+{
+    const double value = numeric::ParseUnsigned(text);
+    return value < 0.0 ? RefusedAndShifted("Negative distance.", text) : Taken(value, text);
 }
 
 EntryResult CheckHeight(EntryField field, const std::string& text)
@@ -186,9 +214,13 @@ EntryResult CheckContent(EntryField field, const std::string& text)
 {
     switch (field) {
     case EntryField::Latitude:
-        return CheckLatitude(text);
+        return CheckLatitude(text, text);
     case EntryField::Longitude:
-        return CheckLongitude(text);
+        return CheckLongitude(text, text);
+    case EntryField::MaxLatitude:
+        return CheckLatitude(text, text + DecimalSeparator() + "0 N");
+    case EntryField::LongInterval:
+        return CheckLongInterval(text);
     case EntryField::InstCorr:
         return CheckInstCorr(text);
     case EntryField::AirCelsius:
@@ -202,7 +234,10 @@ EntryResult CheckContent(EntryField field, const std::string& text)
     if (!IsDecimal(text)) return RefusedAndShifted(NotValid(field), text);
     switch (field) {
     case EntryField::Course:
+    case EntryField::TrackCourse:
         return CheckCourse(text);
+    case EntryField::TrackDistance:
+        return CheckDistance(text);
     case EntryField::Speed:
         return CheckSpeed(text);
     case EntryField::HeightMetres:
@@ -251,13 +286,16 @@ std::string LoadText(EntryField field, double value)
 
 EntryResult CheckEntry(EntryField field, std::string_view text)
 {
-    if (!HasDigit(text)) return {EntryVerdict::Empty, 0.0, std::nullopt, std::string(text)};
+    if (!HasDigit(field, text)) return {EntryVerdict::Empty, 0.0, std::nullopt, std::string(text)};
     const std::optional<std::string> fitted = FitToMask(field, text);
     const std::string shown = fitted ? *fitted : std::string(text);
     EntryResult result = CheckContent(field, shown);
-    if (fitted || result.Verdict == EntryVerdict::Refused) return result;
-    const bool isPosition = field == EntryField::Latitude || field == EntryField::Longitude;
-    return isPosition ? RefusedAsItIs(NotValid(field), shown) : RefusedAndShifted(NotValid(field), shown);
+    if (!fitted && result.Verdict != EntryVerdict::Refused)
+        result =
+            KeepsRefusedText(field) ? RefusedAsItIs(NotValid(field), shown) : RefusedAndShifted(NotValid(field), shown);
+    if (result.Verdict == EntryVerdict::Refused && LosesLastPlace(field))
+        result.Text = WithoutLastCharacter(shown) + "_";
+    return result;
 }
 
 EntryResult CheckValue(EntryField field, double value)
@@ -268,7 +306,7 @@ EntryResult CheckValue(EntryField field, double value)
 std::optional<double> ReadAltitudeCell(std::string_view text)
 {
     const auto fitted = FitToMask(EntryField::CellAltitude, text);
-    if (!fitted || !HasDigit(*fitted)) return std::nullopt;
+    if (!fitted || !HasDigit(EntryField::CellAltitude, *fitted)) return std::nullopt;
     const double altitude = numeric::ParseLat(*fitted + " N");
     if (altitude > 90.0) return std::nullopt;
     return altitude;
@@ -284,7 +322,7 @@ std::optional<double> ReadCorrectionCell(std::string_view text)
 EntryResult CheckAltitudeCell(std::string_view text)
 {
     std::string shown(text);
-    if (!HasDigit(text)) return {EntryVerdict::Empty, 0.0, std::nullopt, shown};
+    if (!HasDigit(EntryField::CellAltitude, text)) return {EntryVerdict::Empty, 0.0, std::nullopt, shown};
     if (const auto altitude = ReadAltitudeCell(text)) return Taken(*altitude, AltitudeCellText(*altitude));
     const double code = numeric::ParseLat(shown + " N");
     if (code == numeric::BeyondRange) return RefusedAsItIs("Altitude > 90°.", shown);
@@ -294,7 +332,7 @@ EntryResult CheckAltitudeCell(std::string_view text)
 
 EntryResult CheckCorrectionCell(std::string_view text)
 {
-    if (!HasDigit(text)) return {EntryVerdict::Empty, 0.0, std::nullopt, std::string(text)};
+    if (!HasDigit(EntryField::CellCorrection, text)) return {EntryVerdict::Empty, 0.0, std::nullopt, std::string(text)};
     const double value = std::clamp(CellMinutes(text), -LargestCorrection, LargestCorrection);
     return Taken(value, FormatNumber(value, CorrectionPattern));
 }

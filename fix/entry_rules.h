@@ -38,9 +38,13 @@ struct EntryResult {
 /// sign where there can be none, or does not fit the mask is refused, so that a value is never read
 /// from a part of what the field shows.
 ///
-/// After a refusal the text is "_" and the text without its last character; positions keep theirs.
-/// The default correction is shown anew through "+00.00;-00.00".
-/// @param field  one of the input tabs
+/// A longitude interval of 0 is refused; a maximum latitude counts north, an interval east. What has no
+/// limit here ends where its mask does.
+///
+/// After a refusal the text is "_" and the text without its last character; positions keep theirs, and
+/// course and distance of a track have "_" in place of their last character. The default correction is
+/// shown anew through "+00.00;-00.00".
+/// @param field  any but the editors of the grid
 EntryResult CheckEntry(EntryField field, std::string_view text);
 
 /// The same for a value that comes from a file: it is first brought into the text in which a load

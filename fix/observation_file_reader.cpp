@@ -105,7 +105,7 @@ void ReadFieldText(RecordReader& in, EntryField field, TextRecords& records)
     const auto fitted = FitToMask(field, text);
     if (!fitted && !numeric::TrimBlanks(text).empty())
         in.Damage(RecordReader::Quoted(text) + " is no valid " + std::string(EntryName(field)) + ".");
-    if (fitted && HasDigit(*fitted)) records.Fields.emplace_back(field, *fitted);
+    if (fitted && HasDigit(field, *fitted)) records.Fields.emplace_back(field, *fitted);
 }
 
 /// The text of a cell: in its editor's layout if it fits, otherwise as it stands, for the grid to judge.

@@ -36,8 +36,8 @@ struct GridRow {
 };
 
 /// Background of a field: the window's own while empty or being entered, green when valid, orange
-/// when valid but suspicious.
-enum class FieldColour { Window, Green, Orange };
+/// when valid but suspicious; yellow for a result in a field that could be entered too.
+enum class FieldColour { Window, Green, Orange, Yellow };
 
 /// The required entries, by the index of their flag.
 enum class InputFlag { TimeEstPos, EstLat, EstLong, TimeTruePos, Course, Speed, HeightOfEye, InstCorr };

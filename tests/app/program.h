@@ -94,7 +94,7 @@ protected:
         QStringList names;
         for (const QAction* action : Window->findChildren<QAction*>())
             if (action->objectName().startsWith("mnu") && !action->isEnabled()) names += action->objectName().mid(3);
-        for (const char* name : {"AziGo", "StarFixWizardStart", "UtilETA", "UtilGC", "UtilRL"})
+        for (const char* name : {"AziGo", "StarFixWizardStart"})
             names.removeOne(name);
         return Sorted(names.join(' '));
     }

@@ -113,6 +113,7 @@ public:
         camera_.TakeModal("splash", [](QWidget& splash) { QTest::mouseClick(&splash, Qt::LeftButton); });
         window_.StartUp({});
         camera_.Take("main");
+        Sailings();
         Input();
         for (const char* sample : {"evening_stars", "twelve_sights", "date_line_south"})
             Results(sample);
@@ -139,6 +140,44 @@ private:
     {
         Find<app::TabIn>("tabIn").ShowPage(index);
         QTest::qWait(0);
+    }
+
+    /// Types into a field and leaves it.
+    void Type(const QString& field, const char* keys)
+    {
+        auto& edit = Find<MaskedEdit>(field);
+        edit.setFocus();
+        edit.setCursorPosition(0);
+        QTest::keyClicks(&edit, keys);
+        QTest::keyClick(&edit, Qt::Key_Tab);
+        QTest::qWait(0);
+    }
+
+    /// From the Channel to New York: the three pages of the sailings.
+    void Sailings()
+    {
+        Click("picRLGC");
+        camera_.Take("sailings_rhumb_line_empty");
+        Type("mskLat(0)", "49125N");
+        Type("mskLong(0)", "005123W");
+        Type("mskLat(1)", "40280N");
+        Type("mskLong(1)", "073500W");
+        camera_.Take("sailings_rhumb_line");
+        Click("cmdNextTabUtil(0)");
+        camera_.Take("sailings_great_circle_empty");
+        Type("mskLong(4)", "05");
+        Click("cmdCompute(1)");
+        camera_.Take("sailings_great_circle");
+        Type("mskLat(4)", "5030");
+        Click("cmdCompute(1)");
+        camera_.Take("sailings_composite");
+        camera_.TakeModal("sailings_limit_refused", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        Type("mskLat(4)", "4500");
+        Click("cmdCompute(1)");
+        Click("cmdNextTabUtil(1)");
+        Click("cmdCompute(2)");
+        camera_.Take("sailings_eta");
+        Click("cmdEndTabUtil(2)");
     }
 
     /// A text that the field refuses, and the box that tells so.
