@@ -9,9 +9,8 @@ namespace merov::app
 
 /// Values that start-up sets once.
 struct ProgramTables {
-    QString AppPath;              ///< folder of the executable, without a slash at its end
-    QString VersionText;          ///< "1.20": major and minor version, first character of the revision
-    double EtaRounding = 86400.0; ///< times of the ETA table are rounded to this part of a day
+    QString AppPath;     ///< folder of the executable, without a slash at its end
+    QString VersionText; ///< "1.20": major and minor version, first character of the revision
 };
 
 /// The templates of the numeric report and of the sailing report, files in AppPath.
