@@ -53,14 +53,6 @@ const FieldLayout& LayoutOf(EntryField field)
     return Layouts[static_cast<std::size_t>(field)];
 }
 
-std::string WithSeparator(std::string_view layout)
-{
-    std::string text(layout);
-    const std::size_t place = text.find('s');
-    if (place != std::string::npos) text.replace(place, 1, numeric::DecimalSeparator());
-    return text;
-}
-
 bool IsDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -103,12 +95,12 @@ std::string_view EntryName(EntryField field)
 
 std::string EntryMask(EntryField field)
 {
-    return WithSeparator(LayoutOf(field).Mask);
+    return numeric::WithSeparator(LayoutOf(field).Mask);
 }
 
 std::string EntryBlank(EntryField field)
 {
-    return WithSeparator(LayoutOf(field).Blank);
+    return numeric::WithSeparator(LayoutOf(field).Blank);
 }
 
 bool HasDigit(EntryField field, std::string_view text)

@@ -304,6 +304,14 @@ std::string_view TrimBlanks(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string WithSeparator(std::string_view layout)
+{
+    std::string text(layout);
+    const std::size_t place = text.find('s');
+    if (place != std::string::npos) text.replace(place, 1, DecimalSeparator());
+    return text;
+}
+
 std::string PadPrompt(std::string_view text, std::size_t width)
 {
     const std::size_t length = CountCharacters(text);

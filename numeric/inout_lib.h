@@ -69,6 +69,9 @@ std::string FormatLong(double x);
 std::size_t CountCharacters(std::string_view text);
 std::string_view TrimBlanks(std::string_view text);
 
+/// The layout of an entry, such as "##s#", with the decimal separator in the place of its first 's'.
+std::string WithSeparator(std::string_view layout);
+
 /// `text` filled up with '_' on the left to `width` characters, as entries show an unfilled mask.
 std::string PadPrompt(std::string_view text, std::size_t width);
 

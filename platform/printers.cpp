@@ -14,6 +14,9 @@ namespace merov::platform
 namespace
 {
 
+/// Dots an inch that every job does with. Sizes in whole dots and whole twips need no finer ones.
+constexpr int GreatestResolution = 1200;
+
 QString FileName()
 {
     return QStringLiteral("PDF file");
@@ -95,6 +98,7 @@ std::unique_ptr<PrintJob> Printers::StartJob(const QString& title, const QString
 void Printers::SetUp(QPrinter& device, const QString& title) const
 {
     const QPageLayout layout = Layout();
+    device.setResolution(std::min(device.resolution(), GreatestResolution));
     device.setPageSize(layout.pageSize());
     device.setPageOrientation(layout.orientation());
     device.setColorMode(colorMode_ == Monochrome ? QPrinter::GrayScale : QPrinter::Color);

@@ -50,13 +50,6 @@ const FieldLayout& LayoutOf(EtaField field)
     return Layouts[static_cast<std::size_t>(field)];
 }
 
-std::string WithSeparator(std::string_view layout)
-{
-    std::string text(layout);
-    text.replace(text.find('s'), 1, numeric::DecimalSeparator());
-    return text;
-}
-
 bool IsEmpty(const std::string& text)
 {
     return text.find_first_of("0123456789") == std::string::npos;
@@ -144,12 +137,12 @@ std::string_view ControlName(EtaField field)
 
 std::string EtaMask(EtaField field)
 {
-    return WithSeparator(LayoutOf(field).Mask);
+    return numeric::WithSeparator(LayoutOf(field).Mask);
 }
 
 std::string EtaResetText(EtaField field)
 {
-    return WithSeparator(LayoutOf(field).Reset);
+    return numeric::WithSeparator(LayoutOf(field).Reset);
 }
 
 std::span<const EtaZone> EtaZones()
