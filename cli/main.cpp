@@ -14,42 +14,14 @@
 
 namespace merov::cli
 {
-
-CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description)
-{
-    CLI::App* command = app.add_subcommand(name, description);
-    command->add_flag("--json")->description("print one JSON object instead of text");
-    return command;
-}
-
-bool Wants(const CLI::App& app, const std::string& option)
-{
-    for (const CLI::App* command : app.get_subcommands())
-        if (Wants(*command, option)) return true;
-    const CLI::Option* given = app.get_option_no_throw(option);
-    return given != nullptr && given->count() > 0;
-}
-
 namespace
 {
 
 int Run(int argc, char** argv)
 {
-    CLI::App app("Celestial navigation: fixes from sextant sights, places of bodies, sailings.\n"
-                 "Angles are decimal degrees, north and east positive; times are GMT; heights are metres.",
-                 "merov-cli");
-    app.set_version_flag("--version", "merov-cli " MEROV_VERSION);
-    app.require_subcommand(1);
     Job job;
-    const JobTaker run = [&job](Job taken) { job = std::move(taken); };
-    AddFixCommand(app, run);
-    AddConvertCommand(app, run);
-    AddBodyCommands(app, run);
-    AddSunCommand(app, run);
-    AddRhumbCommand(app, run);
-    AddGcCommand(app, run);
-    AddEtaCommand(app, run);
-
+    const std::unique_ptr<CLI::App> declared = DeclareCommands([&job](Job taken) { job = std::move(taken); });
+    CLI::App& app = *declared;
     try {
         std::vector<std::string> words = ArrangedWords(app, argc, argv);
         std::reverse(words.begin(), words.end()); // the parser takes them from the end

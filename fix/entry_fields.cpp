@@ -20,7 +20,7 @@ struct FieldLayout {
 };
 
 /// By EntryField.
-constexpr std::array<FieldLayout, static_cast<std::size_t>(EntryField::TrackDistance) + 1> Layouts = {{
+constexpr std::array<FieldLayout, static_cast<std::size_t>(EntryField::Variation) + 1> Layouts = {{
     {"mskLat(5)", "latitude", "9#°##'s# ?", "__°__'s_ _"},
     {"mskLong(5)", "longitude", "99#°##'s# ?", "___°__'s_ _"},
     {"mskCourse(0)", "course", "99#°s#", "___°s_"},
@@ -40,6 +40,8 @@ constexpr std::array<FieldLayout, static_cast<std::size_t>(EntryField::TrackDist
     {"mskLong(4)", "longitude interval", "9#°#0'", "__°_0'"},
     {"mskCourse(1)", "course", "99#°s#", "___°s_"},
     {"mskDist", "distance", "#####s##", "_____s__"},
+    {"mskCourse", "bearing or heading", "99#°s#", "___°s_"},
+    {"mskVariation", "magnetic variation", "99#°s#", "___°s_"},
 }};
 
 // Positions of keys that are mapped.

@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// The masked entry fields of an astro fix and of the sailings: their control names, masks and blank texts.
+/// The masked entry fields of an astro fix, of the sailings and of the check of the compasses: their control
+/// names, masks and blank texts.
 ///
 /// In a mask "#" is a digit, "9" an optional digit or sign, "?" a letter, "&" any character, and the
 /// rest stands as it is. An unfilled place shows "_". Positions count characters from 0.
@@ -14,7 +15,7 @@ namespace merov::fix
 {
 
 /// The fields of the input tabs, then the two masked editors of the observation grid, then those of the
-/// sailings. All positions have the layout and the rule of the estimated position.
+/// sailings and of the compasses. All positions have the layout and the rule of the estimated position.
 enum class EntryField {
     Latitude,        ///< "45°30'.2 N"
     Longitude,       ///< "008°15'.0 W"
@@ -34,7 +35,9 @@ enum class EntryField {
     MaxLatitude,     ///< of a great circle, without hemisphere, "45°30'"
     LongInterval,    ///< between waypoints, by 10', "05°30'"
     TrackCourse,     ///< of a rhumb line, degrees true
-    TrackDistance    ///< of a rhumb line, miles
+    TrackDistance,   ///< of a rhumb line, miles
+    Bearing,         ///< what a compass shows of a body or a heading, degrees
+    Variation        ///< magnetic variation without its sign, degrees
 };
 
 /// Number of the fields of the input tabs: those before CellAltitude.

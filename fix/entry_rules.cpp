@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace merov::fix
 {
@@ -81,10 +82,15 @@ EntryResult Taken(double value, std::string text)
 }
 
 /// A refusal; the field keeps its text.
+EntryResult RefusedAsItIs(std::vector<std::string> lines, std::string text)
+{
+    numeric::Box box{" Error in input data", std::move(lines), numeric::BoxIcon::Warning, numeric::BoxButtons::Ok};
+    return {EntryVerdict::Refused, 0.0, std::move(box), std::move(text)};
+}
+
 EntryResult RefusedAsItIs(std::string line, std::string text)
 {
-    numeric::Box box{" Error in input data", {std::move(line)}, numeric::BoxIcon::Warning, numeric::BoxButtons::Ok};
-    return {EntryVerdict::Refused, 0.0, std::move(box), std::move(text)};
+    return RefusedAsItIs(std::vector<std::string>{std::move(line)}, std::move(text));
 }
 
 /// A refusal; the last character of the text goes and all others move on by one.
@@ -103,7 +109,8 @@ bool KeepsRefusedText(EntryField field)
 /// True for the fields in which a refusal empties the last place and moves nothing.
 bool LosesLastPlace(EntryField field)
 {
-    return field == EntryField::TrackCourse || field == EntryField::TrackDistance;
+    return field == EntryField::TrackCourse || field == EntryField::TrackDistance || field == EntryField::Bearing ||
+           field == EntryField::Variation;
 }
 
 std::string NotValid(EntryField field)
@@ -144,6 +151,25 @@ EntryResult CheckCourse(const std::string& text)
     if (value == numeric::NegativeCourse) return RefusedAndShifted("Negative Course.", text);
     if (value == numeric::CourseAbove360) return RefusedAndShifted("Course > 360°", text);
     return Taken(value, text);
+}
+
+EntryResult CheckBearing(const std::string& text)
+{
+    const double value = numeric::ParseCourse(text);
+    if (value == numeric::NegativeCourse) return RefusedAsItIs("Negative bearing or heading.", text);
+    if (value == numeric::CourseAbove360) return RefusedAsItIs("Bearing or heading > 360°", text);
+    return Taken(value, text);
+}
+
+EntryResult CheckVariation(const std::string& text)
+{
+    const double value = numeric::ParseCourse(text);
+    if (value == numeric::NegativeCourse)
+        return RefusedAsItIs(std::vector<std::string>{"Don't enter a negative value for the variation.",
+                                                      "Choose de W/- option button instead."},
+                             text);
+    if (value == numeric::CourseAbove360) return RefusedAsItIs(NotValid(EntryField::Variation), text);
+    return Taken(std::fabs(value), text);
 }
 
 EntryResult CheckSpeed(const std::string& text)
@@ -238,6 +264,10 @@ EntryResult CheckContent(EntryField field, const std::string& text)
         return CheckCourse(text);
     case EntryField::TrackDistance:
         return CheckDistance(text);
+    case EntryField::Bearing:
+        return CheckBearing(text);
+    case EntryField::Variation:
+        return CheckVariation(text);
     case EntryField::Speed:
         return CheckSpeed(text);
     case EntryField::HeightMetres:

@@ -32,7 +32,8 @@ struct EntryResult {
 /// The rule of a field, run when the field is left.
 ///
 /// Limits, all inclusive: latitude 90, longitude 180 degrees; course 0..360; speed and height 0 or
-/// more, as far as the mask holds them, a height in feet as far as its twin in metres holds it;
+/// more, as far as the mask holds them, a height in feet as far as its twin in metres holds it; bearing and
+/// variation 0..360;
 /// correction -99.99..99.99 minutes, suspicious above 60; temperature -50..70 Celsius, -58..158
 /// Fahrenheit; pressure 940..1070 millibars, 27.76..31.59 inches. A text that is no number, has a
 /// sign where there can be none, or does not fit the mask is refused, so that a value is never read
@@ -42,8 +43,8 @@ struct EntryResult {
 /// limit here ends where its mask does.
 ///
 /// After a refusal the text is "_" and the text without its last character; positions keep theirs, and
-/// course and distance of a track have "_" in place of their last character. The default correction is
-/// shown anew through "+00.00;-00.00".
+/// course and distance of a track, bearing and variation have "_" in place of their last character. The default
+/// correction is shown anew through "+00.00;-00.00".
 /// @param field  any but the editors of the grid
 EntryResult CheckEntry(EntryField field, std::string_view text);
 

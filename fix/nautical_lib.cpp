@@ -26,7 +26,20 @@ double TemperatureFactor(double fahrenheit)
     return 1.0;
 }
 
-/// Mean refraction in degrees at an apparent altitude in degrees.
+/// Square of the first eccentricity.
+double SquaredEccentricity(double r)
+{
+    const double e = sailing::Eccentricity(r);
+    return e * e;
+}
+
+} // namespace
+
+double Dip(double height)
+{
+    return numeric::SquareRoot(height) * 0.029283; // 1.757 minutes for the square root of a metre
+}
+
 double MeanRefraction(double apparent)
 {
     double minutes = Quotient(1.0, std::tan((apparent + Quotient(7.31, apparent + 4.4)) * DegToRad));
@@ -34,8 +47,13 @@ double MeanRefraction(double apparent)
     return minutes / 60.0;
 }
 
-/// What brings the limb that was observed to the centre, degrees; 0 for stars and planets.
-double SemiDiameter(const std::string& body, double dist)
+double Parallax(double altitude, double dist)
+{
+    constexpr double EarthRadiusAu = 4.26345151e-05;
+    return numeric::ArcSin(Quotient(std::cos(altitude * DegToRad) * EarthRadiusAu, dist)) * RadToDeg;
+}
+
+double SemiDiameter(std::string_view body, double dist)
 {
     // The Moon's mean distance over its distance, its mean parallax, the ratio of the radii.
     if (body == "MOONLOW" || body == "MOONUPP") {
@@ -47,7 +65,6 @@ double SemiDiameter(const std::string& body, double dist)
     return 0.0;
 }
 
-/// Altitude of a body in degrees for an observer at lat, lon.
 double ComputedAltitude(double lat, double lon, double dec, double gha)
 {
     const double phi = lat * DegToRad;
@@ -57,34 +74,21 @@ double ComputedAltitude(double lat, double lon, double dec, double gha)
            RadToDeg;
 }
 
-/// Square of the first eccentricity.
-double SquaredEccentricity(double r)
-{
-    const double e = sailing::Eccentricity(r);
-    return e * e;
-}
-
-} // namespace
-
 void CorrectAltitudes(int n, double height, double airTemp, double waterTemp, double pressure, const Vector& lats,
                       const Vector& longs, const numeric::BoundedArray<std::string>& body, const Vector& altitude,
                       const Vector& instCorr, const Vector& dist, const Vector& dec, const Vector& gha, Vector& ho,
                       Vector& hc, Vector& intercept)
 {
-    constexpr double EarthRadiusAu = 4.26345151e-05;
     const double airF = numeric::CelsiusToFahrenheit(airTemp);
     const double waterF = numeric::CelsiusToFahrenheit(waterTemp);
-    // 1.757 minutes for the square root of a metre, 0.11 minute for a degree Fahrenheit between air and water.
-    const double dip = numeric::SquareRoot(height) * 0.029283 + (airF - waterF) * (0.11 / 60.0);
+    const double dip = Dip(height) + (airF - waterF) * (0.11 / 60.0); // for a degree Fahrenheit 0.11 minute
     const double temperatureFactor = TemperatureFactor(airF);
     const double pressureFactor = pressure / 1010.16;
 
     for (int i = 1; i <= n; ++i) {
         const double apparent = altitude[i] + instCorr[i] - dip;
         const double refracted = apparent - (pressureFactor + temperatureFactor - 1.0) * MeanRefraction(apparent);
-        const double parallax =
-            numeric::ArcSin(Quotient(std::cos(refracted * DegToRad) * EarthRadiusAu, dist[i])) * RadToDeg;
-        ho[i] = numeric::Finite(refracted + parallax + SemiDiameter(body[i], dist[i]));
+        ho[i] = numeric::Finite(refracted + Parallax(refracted, dist[i]) + SemiDiameter(body[i], dist[i]));
         hc[i] = numeric::Finite(ComputedAltitude(lats[i], longs[i], dec[i], gha[i]));
         intercept[i] = ho[i] - hc[i];
     }

@@ -2,6 +2,8 @@
 
 #include "fix/sight_session.h"
 
+#include <string_view>
+
 /// The reduction of sights: altitude corrections, the ship's run to each sight, azimuth, and the radii
 /// of curvature of the ellipsoid.
 ///
@@ -11,6 +13,25 @@
 
 namespace merov::fix
 {
+
+/// Dip of the visible horizon, degrees. @param height  of the eye, metres; fault 5 for a negative one
+double Dip(double height);
+
+/// Refraction at 1010 millibars and 10 degrees Celsius, degrees, at an apparent altitude. G. G. Bennett,
+/// Journal of Navigation 35, 255, 1982, with its second term. It is also evaluated below the horizon, where
+/// it has poles near -4.4 degrees; -4.4 itself is a division by zero, fault 11.
+double MeanRefraction(double apparent);
+
+/// Parallax at an altitude without refraction, degrees, for the Earth's equatorial radius.
+/// @param dist  astronomical units; 0 is a division by zero, fault 11
+double Parallax(double altitude, double dist);
+
+/// What brings the altitude of the limb observed to that of the centre, degrees: positive for "SUNLOW" and
+/// "MOONLOW", negative for "SUNUPP" and "MOONUPP", 0 for other codes. @param dist  as Parallax's
+double SemiDiameter(std::string_view body, double dist);
+
+/// Altitude of a body's centre from the Earth's centre, degrees, for an observer at lat, lon.
+double ComputedAltitude(double lat, double lon, double dec, double gha);
 
 /// True altitude, computed altitude and intercept of each sight.
 ///
@@ -25,9 +46,8 @@ namespace merov::fix
 /// @param dec, gha            declination and Greenwich hour angle
 /// @param ho, hc, intercept   out, 1..n: true altitude, computed altitude, their difference
 ///
-/// Dip, refraction, parallax and semi-diameter are taken in this order, on a spherical Earth; parallax
-/// uses the equatorial radius. Refraction: G. G. Bennett, Journal of Navigation 35, 255, 1982, with its
-/// second term; it is also evaluated below the horizon. A fault (apparent altitude of -4.4 degrees,
+/// Dip, refraction, parallax and semi-diameter are taken in this order, on a spherical Earth, by the routines
+/// above and with the factors of temperature and pressure. A fault (apparent altitude of -4.4 degrees,
 /// distance 0, negative height of eye) abandons the call: the sights before it stand.
 void CorrectAltitudes(int n, double height, double airTemp, double waterTemp, double pressure,
                       const numeric::Vector& lats, const numeric::Vector& longs,

@@ -22,6 +22,7 @@ struct Box {
     std::vector<std::string> Lines;
     BoxIcon Icon = BoxIcon::Error;
     BoxButtons Buttons = BoxButtons::Ok;
+    bool LastIsDefault = false; ///< Return presses the last button, else the first
 };
 
 /// Whoever shows boxes: a window, the command line, a test.

@@ -79,7 +79,8 @@ Voyage PlanVoyage(const VoyageInput& input, const EarthModel& earth, numeric::La
     ErrorTrap trap(SailingTrapLine, journal);
     Voyage v;
     v.Input = input;
-    const auto [r, a] = earth;
+    const double r = earth.InverseFlattening; // not one binding of both, which clang 14 keeps out of a lambda
+    const double a = earth.SemiMajorAxisNm;
     const Plan plan{v, {input.DepLat, input.DepLong}, {input.ArrLat, input.ArrLong}, earth, trap};
 
     trap.Step([&] { GreatCircleVertex(input.DepLat, input.DepLong, input.ArrLat, input.ArrLong, v.Track, r, a); });
