@@ -8,6 +8,7 @@
 #include "platform/application.h"
 #include "platform/locale.h"
 #include "platform/message_boxes.h"
+#include "platform/night_palette.h"
 #include "platform/printers.h"
 #include "platform/settings_store.h"
 #include "platform/system_clock.h"
@@ -24,6 +25,7 @@ int main(int argc, char** argv)
     QGuiApplication::setWindowIcon(app::Picture("merov"));
     // The splash closes before the main window shows: only the main window ends the program.
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    const platform::NightPalette night(application);
 
     platform::ApplyLocale();
     platform::SystemClock clock;
@@ -38,7 +40,8 @@ int main(int argc, char** argv)
     app::FrmWorking window({.Settings = settings,
                             .Printers = printers,
                             .AppPath = folder,
-                            .Documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)});
+                            .Documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                            .SetClock = platform::SetComputerClock});
     window.StartUp(QCoreApplication::arguments().mid(1).join(' '));
     return QApplication::exec();
 }
