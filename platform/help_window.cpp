@@ -2,6 +2,7 @@
 
 #include "platform/chm_contents.h"
 #include "platform/chm_file.h"
+#include "platform/help_search.h"
 
 #include "numeric/message_box.h"
 
@@ -9,6 +10,8 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QEvent>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -28,6 +31,7 @@ using namespace Qt::StringLiterals;
 
 constexpr QSize WindowSize(920, 660); // pixels
 constexpr int ContentsWidth = 230;
+constexpr int SearchWidth = 200;
 constexpr double PageMargin = 14.0;
 
 constexpr int PageRole = Qt::UserRole; // the page of a line of the contents
@@ -98,7 +102,7 @@ HelpWindow::HelpWindow(QWidget* owner) : QMainWindow(owner)
     BuildControls();
     if (owner != nullptr) owner->window()->installEventFilter(this);
     auto* escape = new QShortcut(Qt::Key_Escape, this);
-    connect(escape, &QShortcut::activated, this, [this] { close(); });
+    connect(escape, &QShortcut::activated, this, [this] { Escape(); });
 }
 
 HelpWindow::~HelpWindow()
@@ -144,18 +148,24 @@ void HelpWindow::BuildControls()
     contents_->setObjectName(u"contents"_s);
     contents_->setAccessibleName(u"Contents"_s);
     contents_->setHeaderHidden(true);
+    found_ = new QListWidget;
+    found_->setObjectName(u"found"_s);
+    found_->setAccessibleName(u"Found"_s);
+    found_->setWordWrap(true);
+    found_->hide();
     browser_ = new Browser;
     browser_->setObjectName(u"page"_s);
     browser_->setAccessibleName(u"Page"_s);
     browser_->document()->setDocumentMargin(PageMargin);
     auto* parts = new QSplitter;
     parts->addWidget(contents_);
+    parts->addWidget(found_);
     parts->addWidget(browser_);
-    parts->setStretchFactor(1, 1);
+    parts->setStretchFactor(2, 1);
     parts->setChildrenCollapsible(false);
     setCentralWidget(parts);
     resize(WindowSize.boundedTo(screen()->availableSize()));
-    parts->setSizes({ContentsWidth, width() - ContentsWidth});
+    parts->setSizes({ContentsWidth, ContentsWidth, width() - ContentsWidth});
 
     auto* bar = addToolBar(u"Pages"_s);
     bar->setMovable(false);
@@ -175,7 +185,39 @@ void HelpWindow::BuildControls()
     };
     connect(contents_, &QTreeWidget::currentItemChanged, this, follow);
     connect(contents_, &QTreeWidget::itemClicked, this, follow);
+    BuildSearch(*bar);
     browser_->setFocus();
+}
+
+/// The search field at the end of the bar, and what it finds.
+void HelpWindow::BuildSearch(QToolBar& bar)
+{
+    auto* gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar.addWidget(gap);
+    search_ = new QLineEdit;
+    search_->setObjectName(u"search"_s);
+    search_->setAccessibleName(u"Search"_s);
+    search_->setPlaceholderText(u"Search"_s);
+    search_->setToolTip(u"Words to search (Ctrl+F)"_s);
+    search_->setClearButtonEnabled(true);
+    search_->setFixedWidth(SearchWidth);
+    bar.addWidget(search_);
+    connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { ShowFound(words); });
+    connect(search_, &QLineEdit::returnPressed, found_, [this] {
+        found_->setFocus();
+        found_->setCurrentRow(0);
+    });
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        search_->setFocus(Qt::ShortcutFocusReason);
+        search_->selectAll();
+    });
+    const auto follow = [this](const QListWidgetItem* item) {
+        if (item != nullptr) ShowPage(item->data(PageRole).toString());
+    };
+    connect(found_, &QListWidget::currentItemChanged, this, follow);
+    connect(found_, &QListWidget::itemClicked, this, follow);
 }
 
 QAction* HelpWindow::AddCommand(QToolBar& bar, const QString& caption, const QKeySequence& key,
@@ -199,6 +241,8 @@ bool HelpWindow::OpenManual(const QString& file)
     }
     browser_->SetManual(manual.get());
     manual_ = std::move(manual);
+    index_.reset();
+    search_->clear();
     file_ = file;
     setWindowTitle(manual_->Title());
     FillContents();
@@ -221,6 +265,46 @@ void HelpWindow::FillContents()
     }
     contents_->expandAll();
     contents_->setVisible(contents_->topLevelItemCount() > 0);
+}
+
+/// Reads the pages that the contents name.
+void HelpWindow::FillSearch()
+{
+    index_ = std::make_unique<HelpSearch>();
+    QStringList read;
+    for (QTreeWidgetItemIterator line(contents_); *line != nullptr; ++line) {
+        const QString page = (*line)->data(0, PageRole).toString().section('#', 0, 0);
+        const std::optional<QByteArray> html = manual_->Object(page);
+        if (!html || read.contains(page)) continue;
+        index_->AddPage(page, QString::fromUtf8(*html));
+        read += page;
+    }
+}
+
+/// The places of the words instead of the contents; the contents without words.
+void HelpWindow::ShowFound(const QString& words)
+{
+    const bool searching = !words.trimmed().isEmpty() && manual_ != nullptr;
+    if (searching && index_ == nullptr) FillSearch();
+    const QSignalBlocker blocked(found_);
+    found_->clear();
+    for (const HelpHit& hit : searching ? index_->Find(words) : QList<HelpHit>()) {
+        auto* item = new QListWidgetItem(hit.Title, found_);
+        item->setData(PageRole, hit.Page);
+    }
+    if (searching && found_->count() == 0) (new QListWidgetItem(u"Nothing found"_s, found_))->setFlags(Qt::NoItemFlags);
+    found_->setVisible(searching);
+    contents_->setVisible(!searching && contents_->topLevelItemCount() > 0);
+}
+
+void HelpWindow::Escape()
+{
+    if (search_->text().isEmpty()) {
+        close();
+        return;
+    }
+    search_->clear();
+    browser_->setFocus();
 }
 
 void HelpWindow::ShowPage(const QString& page)

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class QLineEdit;
+class QListWidget;
 class QToolBar;
 class QTreeWidget;
 class QUrl;
@@ -15,10 +17,12 @@ namespace merov::platform
 {
 
 class ChmFile;
+class HelpSearch;
 
 /// The window that shows a compiled manual (".chm"): its table of contents at the left, a page at the
-/// right. Links lead within the manual only. Escape closes the window, and so does the end of its owner,
-/// which otherwise is the active window again behind it.
+/// right. While the search field has a text, the places where its words stand take the place of the contents.
+/// Links lead within the manual only. Escape empties the search field, then closes the window; so does the end
+/// of its owner, which otherwise is the active window again behind it.
 class HelpWindow : public QMainWindow
 {
 public:
@@ -42,16 +46,23 @@ private:
     class Browser;
 
     void BuildControls();
+    void BuildSearch(QToolBar& bar);
     QAction* AddCommand(QToolBar& bar, const QString& caption, const QKeySequence& key, QStyle::StandardPixmap picture,
                         void (Browser::*command)());
     bool OpenManual(const QString& file);
     void FillContents();
+    void FillSearch();
+    void ShowFound(const QString& words);
+    void Escape();
     void ShowPage(const QString& page);
     void MarkContents(const QUrl& url);
 
     QString file_; ///< path of the open manual
     std::unique_ptr<ChmFile> manual_;
+    std::unique_ptr<HelpSearch> index_; ///< of the open manual; null until something is searched
     QTreeWidget* contents_;
+    QListWidget* found_; ///< hidden while nothing is searched
+    QLineEdit* search_;
     Browser* browser_;
 };
 

@@ -7,6 +7,8 @@
 
 #include <QAction>
 #include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -131,10 +133,29 @@ TEST_F(HelpWindowTest, ShowsTheManualFollowsLinksAndComesBack)
     EXPECT_EQ(Address(), "chm:/first_fix.html");
 }
 
+TEST_F(HelpWindowTest, SearchesAndShowsWhatItFound)
+{
+    auto& search = *help.findChild<QLineEdit*>("search");
+    auto& found = *help.findChild<QListWidget*>("found");
+    help.ShowTopic(ManualFile);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(&page, Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(search.hasFocus());
+    QTest::keyClicks(&search, "loading");
+    EXPECT_TRUE(found.isVisible() && !contents.isVisible());
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_EQ(Address(), "chm:/files.html#loading");
+    EXPECT_EQ(found.currentItem()->text(), "Files: Loading");
+    search.setText("xyzzy");
+    EXPECT_EQ(found.item(0)->text(), "Nothing found");
+    QTest::keyClick(&search, Qt::Key_Escape);
+    EXPECT_TRUE(help.isVisible() && contents.isVisible() && !found.isVisible());
+}
+
 TEST_F(HelpWindowTest, StaysWithinTheManual)
 {
-    help.ShowTopic(ManualFile, "wizard.html");
-    EXPECT_TRUE(page.toPlainText().contains("no page \"wizard.html\""));
+    help.ShowTopic(ManualFile, "missing.html");
+    EXPECT_TRUE(page.toPlainText().contains("no page \"missing.html\""));
     help.ShowTopic(ManualFile, "files.html");
     for (const char* outside : {"http://localhost/", "file:///etc/hostname", "mailto:a@b"})
         page.setSource(QUrl(outside));
