@@ -57,7 +57,10 @@ QChar MappedKey(platform::MaskedEdit& edit, EntryField field, int place, QChar k
 
 } // namespace
 
-EntryFieldsView::EntryFieldsView(FixInput& input) : input_(input) {}
+EntryFieldsView::EntryFieldsView(fix::SightEntry& entry, fix::SightSession& session)
+    : entry_(entry), session_(session)
+{
+}
 
 platform::MaskedEdit* EntryFieldsView::MakeEdit(EntryField field, const QString& toolTip)
 {
@@ -70,7 +73,7 @@ platform::MaskedEdit* EntryFieldsView::MakeEdit(EntryField field, const QString&
     edit->OnEnter = [this, field] { EnterField(field); };
     edit->OnLeave = [this, field] { return LeaveOrPass(field) != EntryVerdict::Refused || !RefusesLeave(field); };
     QObject::connect(edit, &QLineEdit::textChanged, edit,
-                     [this, field, edit] { input_.Entry.Text(field) = edit->Text().toStdString(); });
+                     [this, field, edit] { entry_.Text(field) = edit->Text().toStdString(); });
     return edit;
 }
 
@@ -92,11 +95,12 @@ platform::MaskedEdit& EntryFieldsView::Edit(EntryField field)
 
 void EntryFieldsView::InstallMasks()
 {
-    const fix::SightEntry entry = input_.Entry; // a new mask empties its field
+    const fix::SightEntry entry = entry_; // a new mask empties its field
     for (std::size_t i = 0; i < fix::EntryFieldCount; ++i) {
         const auto field = static_cast<EntryField>(i);
+        if (edits_[i] == nullptr) continue;
         Edit(field).SetMask(QString::fromStdString(fix::EntryMask(field)));
-        input_.Entry.Text(field) = entry.Text(field);
+        entry_.Text(field) = entry.Text(field);
     }
     ShowEntries();
 }
@@ -109,14 +113,14 @@ void EntryFieldsView::ShowEntries()
 
 EntryVerdict EntryFieldsView::LeaveField(EntryField field)
 {
-    return Settle(field, fix::LeaveField(input_.Entry, input_.Session, field));
+    return Settle(field, fix::LeaveField(entry_, session_, field));
 }
 
 /// The focus goes from a field: a text that stands as it was found is passed by.
 EntryVerdict EntryFieldsView::LeaveOrPass(EntryField field)
 {
-    if (input_.Entry.Text(field) != enteredText_) return LeaveField(field);
-    return Settle(field, fix::PassField(input_.Entry, input_.Session, field));
+    if (entry_.Text(field) != enteredText_) return LeaveField(field);
+    return Settle(field, fix::PassField(entry_, session_, field));
 }
 
 /// Shows what the rule of a field has left.
@@ -130,38 +134,39 @@ EntryVerdict EntryFieldsView::Settle(EntryField field, EntryVerdict verdict)
 
 void EntryFieldsView::StepField(EntryField field, bool up)
 {
-    fix::StepField(input_.Entry, input_.Session, field, up);
+    fix::StepField(entry_, session_, field, up);
     MirrorWithTwin(field);
 }
 
 void EntryFieldsView::EraseField(EntryField field, fix::InputFlag flag)
 {
-    input_.Entry.Text(field) = fix::EntryBlank(field);
-    input_.Entry.Colour(field) = fix::FieldColour::Window;
-    input_.Entry.Flag(flag) = false;
+    entry_.Text(field) = fix::EntryBlank(field);
+    entry_.Colour(field) = fix::FieldColour::Window;
+    entry_.Flag(flag) = false;
     Mirror(field);
     Edit(field).setFocus();
 }
 
 void EntryFieldsView::EnterField(EntryField field)
 {
-    fix::EnterField(input_.Entry, field);
+    fix::EnterField(entry_, field);
     Mirror(field);
     Edit(field).setCursorPosition(InsertionPoint(field));
-    enteredText_ = input_.Entry.Text(field);
+    enteredText_ = entry_.Text(field);
 }
 
 void EntryFieldsView::Mirror(EntryField field)
 {
+    if (edits_[static_cast<std::size_t>(field)] == nullptr) return;
     platform::MaskedEdit& edit = Edit(field);
-    const QString text = QString::fromStdString(input_.Entry.Text(field));
+    const QString text = QString::fromStdString(entry_.Text(field));
     if (edit.Text() != text) { // else the insertion point stays
         edit.setText(text);
         edit.setCursorPosition(InsertionPoint(field));
     }
     // A text that doesn't fit the mask has flowed over its literals: what stands there is the entry.
-    input_.Entry.Text(field) = edit.Text().toStdString();
-    platform::SetFieldColour(edit, ColourOf(input_.Entry.Colour(field)));
+    entry_.Text(field) = edit.Text().toStdString();
+    platform::SetFieldColour(edit, ColourOf(entry_.Colour(field)));
 }
 
 void EntryFieldsView::MirrorWithTwin(EntryField field)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "app/fix_input.h"
+#include "fix/sight_entry.h"
+#include "fix/sight_session.h"
 #include "platform/masked_edit.h"
 #include "platform/spin_button.h"
 
@@ -10,14 +11,16 @@
 namespace merov::app
 {
 
-/// The masked fields of the input tabs: makes their controls, runs their rules when the focus comes and
-/// goes, and mirrors what stands in the entries. A text that is typed stands in its entry at once; what
+/// Masked fields of an astro fix: makes their controls, runs their rules when the focus comes and goes, and
+/// mirrors what stands in the entries. The input tabs have all of them, other forms some. A text that is typed stands in its entry at once; what
 /// it means is settled when the field is left.
 class EntryFieldsView
 {
 public:
-    /// @param input  must outlive this object, and this object the controls that it makes
-    explicit EntryFieldsView(FixInput& input);
+    /// @param entry    what stands in the fields
+    /// @param session  takes the values. Both must outlive this object, and this object the controls that it
+    ///                 makes
+    EntryFieldsView(fix::SightEntry& entry, fix::SightSession& session);
 
     /// Makes the control of a field of the input tabs, once for each. The caller places it.
     platform::MaskedEdit* MakeEdit(fix::EntryField field, const QString& toolTip = {});
@@ -51,8 +54,9 @@ private:
     void Mirror(fix::EntryField field);
     void MirrorWithTwin(fix::EntryField field);
 
-    FixInput& input_;
-    std::array<platform::MaskedEdit*, fix::EntryFieldCount> edits_{}; ///< by EntryField
+    fix::SightEntry& entry_;
+    fix::SightSession& session_;
+    std::array<platform::MaskedEdit*, fix::EntryFieldCount> edits_{}; ///< by EntryField; null for one not made
     std::string enteredText_; ///< of the field that has the focus, as it took it
 };
 

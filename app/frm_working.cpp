@@ -31,7 +31,7 @@ namespace merov::app
 FrmWorking::FrmWorking(const Surroundings& surroundings)
     : surroundings_(surroundings), tables_(InitialTables(surroundings.AppPath, MEROV_VERSION)),
       surfaces_(new MainSurfaces(this)), staNumDisp_(new platform::StatusPanels), tabIn_(new TabIn(input_)),
-      tabOptions_(new TabOptions(input_)), tabUtil_(new TabUtil(input_.Journal)),
+      tabOptions_(new TabOptions(input_, surroundings.SetClock)), tabUtil_(new TabUtil(input_.Journal)),
       frmTimeStore_(new FrmTimeStore(input_.StoredTime, this)), frmEnd_(new FrmEnd(this))
 {
     setObjectName("frmWorking");

@@ -4,6 +4,7 @@
 #include "app/fix_input.h"
 #include "app/public.h"
 #include "app/screen_states.h"
+#include "platform/system_clock.h"
 
 #include <QMainWindow>
 #include <QString>
@@ -26,9 +27,11 @@ class StatusPanels;
 namespace merov::app
 {
 
+class FrmAzimuth;
 class FrmEnd;
 class FrmProba;
 class FrmSplash;
+class FrmStarFixWizard;
 class FrmTimeStore;
 class MainMenu;
 class MainSurfaces;
@@ -49,6 +52,7 @@ struct Surroundings {
     std::function<bool(const QString&)> CanWrite{}; ///< whether files can be made in a folder; empty: asks the system
     std::chrono::milliseconds SplashTime{4400};     ///< how long the splash stands without a click
     std::chrono::milliseconds WaitTick{20};         ///< of the bar before a print
+    platform::ClockSetter SetClock{};               ///< sets the computer's clock; empty: refuses to
 };
 
 /// The main window. It owns the surfaces and what they share, and carries the commands out; what each
@@ -93,6 +97,11 @@ public:
     void mnuUtilGC();
     void mnuUtilETA();
     void cmdEndTabUtil();
+
+    // The commands of the tools in windows of their own.
+    void mnuAziGo();
+    void mnuStarFixWizardStart();
+    void bthStarFixWizard();
 
     // The commands of the results.
     void cmdNumRes();
@@ -147,6 +156,9 @@ private:
     void OpenOptions(Transition transition);
     void OpenUtility(int page);
     void ChangeEllipsoid();
+    void ShowManual(const char* page);
+    void OpenManualByF1(QWidget& form, const char* page);
+    void EndWizard(Transition transition);
     void PrintSailingReport();
     void PrintEtaTable();
     void FocusSurface();
@@ -176,9 +188,11 @@ private:
     MainToolBars* toolBars_ = nullptr;
     FrmTimeStore* frmTimeStore_;
     FrmEnd* frmEnd_;
-    FrmSplash* frmSplash_ = nullptr;       ///< made by start-up
-    FrmProba* frmProba_ = nullptr;         ///< made when it is first wanted
-    platform::HelpWindow* help_ = nullptr; ///< likewise
+    FrmSplash* frmSplash_ = nullptr;               ///< made by start-up
+    FrmProba* frmProba_ = nullptr;                 ///< made when it is first wanted
+    FrmAzimuth* frmAzimuth_ = nullptr;             ///< likewise
+    FrmStarFixWizard* frmStarFixWizard_ = nullptr; ///< likewise
+    platform::HelpWindow* help_ = nullptr;         ///< likewise
     std::unique_ptr<platform::FileDialogs> ownDialogs_;
     std::unique_ptr<ObservationFiles> files_;
     std::unique_ptr<PrintFlow> printing_; ///< made by the first print
@@ -186,6 +200,7 @@ private:
     bool astroStarted_ = false;           ///< the input has been erased for the first time
     bool computing_ = false;              ///< a fix is under way, or the report on it
     bool gridVisible_ = false;            ///< of the chart
+    bool wizardOpen_ = false;             ///< a plan of the star fix wizard is under way
     int erasures_ = 0;                    ///< of the input so far
     bool ending_ = false;                 ///< the program closes its windows itself
 };

@@ -56,6 +56,9 @@ const std::map<Command, Routine>& Routines()
         {Command::UtilRL, &F::mnuUtilRL},
         {Command::UtilGC, &F::mnuUtilGC},
         {Command::UtilETA, &F::mnuUtilETA},
+        {Command::AziGo, &F::mnuAziGo},
+        {Command::WizardStart, &F::mnuStarFixWizardStart},
+        {Command::WizardForward, &F::bthStarFixWizard},
         {Command::OptionsTab, &F::mnuOptionsTab},
         {Command::Manual, &F::mnuHelpManual},
         {Command::About, &F::mnuHelpAbout},
@@ -207,8 +210,14 @@ void FrmWorking::cmdEndTabOptions()
 
 void FrmWorking::mnuHelpManual()
 {
+    ShowManual("");
+}
+
+/// Opens the manual at one of its pages; empty: where it stands.
+void FrmWorking::ShowManual(const char* page)
+{
     if (help_ == nullptr) help_ = new platform::HelpWindow(this);
-    help_->ShowTopic(tables_.AppPath + "/Merov.chm");
+    help_->ShowTopic(tables_.AppPath + "/Merov.chm", page);
 }
 
 void FrmWorking::mnuHelpAbout()

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/mirrored_edit.h"
 #include "fix/sailing_entry.h"
-#include "platform/masked_edit.h"
 #include "platform/spin_button.h"
 #include "platform/tool_bar.h"
 
 #include <array>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace merov::app
@@ -30,12 +31,14 @@ public:
     /// @param index  of cmdErase
     platform::PictureButton* MakeEraser(fix::SailingField field, int index, const char* toolTip);
 
-    /// Makes a button of a page that shows a picture. A click leaves the field being edited; with
-    /// `erases` it doesn't, so that a text that its field refuses to be left with can be erased.
+    /// Makes a button of a page, see MakePictureButton.
     static platform::PictureButton* MakeButton(const QString& name, const char* picture, const char* toolTip,
-                                               bool erases, std::function<void()> command);
+                                               bool erases, std::function<void()> command)
+    {
+        return MakePictureButton(name, picture, toolTip, erases, std::move(command));
+    }
 
-    platform::MaskedEdit& Edit(fix::SailingField field);
+    platform::MaskedEdit& Edit(fix::SailingField field) { return *edits_[static_cast<std::size_t>(field)]; }
 
     /// Gives all fields their masks, with the decimal separator in force, and shows them erased.
     void InstallMasks();
@@ -50,11 +53,10 @@ public:
     std::function<void(fix::SailingField field)> OnErased;
 
 private:
-    void Mirror(fix::SailingField field);
     void Step(fix::SailingField field, bool up);
 
     fix::SailingEntry& entry_;
-    std::array<platform::MaskedEdit*, fix::SailingFieldCount> edits_{}; ///< by SailingField
+    std::array<MirroredEdit*, fix::SailingFieldCount> edits_{}; ///< by SailingField
     std::vector<std::function<void()>> views_;
 };
 

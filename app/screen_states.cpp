@@ -98,6 +98,11 @@ Transition CancelTransition(int index, const Screens& screens)
     return index >= 0 && overResults ? Transition::CancelToResults : Transition::MainScreen;
 }
 
+Transition WizardCancelTransition(const Screens& screens)
+{
+    return screens.ShownBar() == Bar::Working ? Transition::WizardCancelled : Transition::WizardClosed;
+}
+
 Transition EraseTransition(const Screens& screens)
 {
     return screens.IsVisible(Surface::TabIn) ? Transition::EraseOnInput : Transition::EraseElsewhere;

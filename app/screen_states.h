@@ -108,6 +108,9 @@ void Apply(Transition transition, Screens& screens);
 /// @param index  0..2, the tab of the button; -1 leads to the main screen always
 Transition CancelTransition(int index, const Screens& screens);
 
+/// The transition of the wizard's "Cancel": its picture shows again where the main screen's pictures are.
+Transition WizardCancelTransition(const Screens& screens);
+
 /// The transition of mnuAstroErase, which depends on whether the input is in view.
 Transition EraseTransition(const Screens& screens);
 

@@ -32,7 +32,7 @@ const QSize LeastSize(690, 490); // pixels
 } // namespace
 
 TabIn::TabIn(FixInput& input, QWidget* parent)
-    : TabStrip(parent), input_(input), fields_(std::make_unique<EntryFieldsView>(input)),
+    : TabStrip(parent), input_(input), fields_(std::make_unique<EntryFieldsView>(input.Entry, input.Session)),
       position_(new PositionPage(input, *fields_)), conditions_(new ConditionsPage(input, *fields_)),
       observations_(new ObservationsPage(input))
 {

@@ -1,6 +1,7 @@
 #include "app/tab_options.h"
 
 #include "app/page_buttons.h"
+#include "app/time_page.h"
 #include "platform/field.h"
 #include "platform/twips.h"
 #include "sailing/ellipsoid.h"
@@ -10,6 +11,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QSignalBlocker>
+
+#include <utility>
 
 namespace merov::app
 {
@@ -44,17 +47,23 @@ QWidget* MakePage(QLayout* controls, QWidget* buttons)
 
 } // namespace
 
-TabOptions::TabOptions(FixInput& input, QWidget* parent)
+TabOptions::TabOptions(FixInput& input, platform::ClockSetter setClock, QWidget* parent)
     : platform::TabStrip(parent), input_(input), next_([this] { NextTab(); }), previous_([this] { PrevTab(); })
 {
     setObjectName("tabOptions");
     setAutoFillBackground(true);
-    AddPages();
+    AddPages(std::move(setClock));
+    OnGotFocus = [this] { PageReached(); };
+    OnLostFocus = [this] { PageLeft(); };
+    OnClick = [this] {
+        if (!TimeInView()) time_->StopDisplay();
+        PageReached();
+    };
     setFixedSize(QSize(platform::Pixels(SurfaceWidth), platform::Pixels(SurfaceHeight)).expandedTo(sizeHint()));
     ShowOneEstPos();
 }
 
-void TabOptions::AddPages()
+void TabOptions::AddPages(platform::ClockSetter setClock)
 {
     auto* buttons = new ButtonRow;
     buttons->Add("cmdNextTabOptions(0)", "&Next tab", next_);
@@ -66,7 +75,12 @@ void TabOptions::AddPages()
     buttons->Add("cmdNextTabOptions(1)", "&Next tab", next_);
     buttons->Add("cmdEndTabOptions(1)", "En&d", OnEnd);
     addTab(MakePage(MakeInterceptChoice(), buttons), "&Intercepts");
-    buttons->findChild<QWidget*>("cmdNextTabOptions(1)")->setEnabled(false); // nothing follows
+
+    buttons = new ButtonRow;
+    buttons->Add("cmdPrevTabOptions(1)", "&Previous tab", previous_);
+    buttons->Add("cmdEndTabOptions(2)", "En&d", OnEnd);
+    time_ = new TimePage(std::move(setClock), buttons);
+    addTab(time_, "&Time");
 }
 
 QLayout* TabOptions::MakeEllipsoidChoice()
@@ -134,11 +148,29 @@ void TabOptions::FillEllipsoids()
 void TabOptions::NextTab()
 {
     if (currentIndex() + 1 < count()) ShowPage(currentIndex() + 1);
+    PageReached();
 }
 
 void TabOptions::PrevTab()
 {
     if (currentIndex() > 0) ShowPage(currentIndex() - 1);
+    PageReached();
+}
+
+bool TabOptions::TimeInView() const
+{
+    return currentWidget() == time_;
+}
+
+void TabOptions::PageReached()
+{
+    if (TimeInView()) time_->StartDisplay();
+}
+
+/// The headers lose the focus: the display stands still while a field is being edited.
+void TabOptions::PageLeft()
+{
+    if (TimeInView()) time_->StopDisplay();
 }
 
 void TabOptions::ShowOneEstPos()

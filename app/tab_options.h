@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/fix_input.h"
+#include "platform/system_clock.h"
 #include "platform/tab_strip.h"
 
 #include <functional>
@@ -12,19 +13,22 @@ class QLayout;
 namespace merov::app
 {
 
-/// The preferences (`tabOptions`): the reference ellipsoid and how intercepts are worked. It keeps its own
-/// size.
+class TimePage;
+
+/// The preferences (`tabOptions`): the reference ellipsoid, how intercepts are worked, and the computer's
+/// clock. It keeps its own size.
 class TabOptions : public platform::TabStrip
 {
 public:
-    /// @param input  its option "one estimated position" is shown and changed; it must outlive this object
-    explicit TabOptions(FixInput& input, QWidget* parent = nullptr);
+    /// @param input     its option "one estimated position" is shown and changed; it must outlive this object
+    /// @param setClock  what sets the computer's clock
+    TabOptions(FixInput& input, platform::ClockSetter setClock, QWidget* parent = nullptr);
 
     /// Fills `cboEllipsoid`, with the decimal separator in force, and selects "WGS 1984", which makes it
     /// the active ellipsoid. Start-up does so once.
     void FillEllipsoids();
 
-    /// One page on or back, the ends being ends.
+    /// One page on or back, the ends being ends. The clock ticks once its page is reached.
     void NextTab();
     void PrevTab();
 
@@ -40,7 +44,10 @@ public:
     std::function<void(bool)> OnOneEstPos; ///< ch3OneEstPos(0) was clicked; the option has changed
 
 private:
-    void AddPages();
+    void AddPages(platform::ClockSetter setClock);
+    bool TimeInView() const;
+    void PageReached();
+    void PageLeft();
     QLayout* MakeEllipsoidChoice();
     QLayout* MakeInterceptChoice();
 
@@ -49,6 +56,7 @@ private:
     std::function<void()> previous_;
     QComboBox* cboEllipsoid_ = nullptr;
     QCheckBox* ch3OneEstPos_ = nullptr;
+    TimePage* time_ = nullptr;
     bool calledFromUtil_ = false;
 };
 

@@ -89,6 +89,10 @@ bool MaskedEdit::IsBlank() const
 
 void MaskedEdit::keyPressEvent(QKeyEvent* event)
 {
+    if (event->modifiers() == Qt::AltModifier && event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z) {
+        event->ignore(); // meant for a caption or a menu; where none has the letter, it types nothing
+        return;
+    }
     const qsizetype cursor = hasSelectedText() ? selectionStart() : cursorPosition();
     if (!Types(*event) || JumpsToLiteral(cursor, event->text().front())) {
         QLineEdit::keyPressEvent(event);

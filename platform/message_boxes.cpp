@@ -31,7 +31,7 @@ QMessageBox::Icon IconOf(numeric::BoxIcon icon)
     return QMessageBox::Question;
 }
 
-/// The first button is the one that Return presses, the last the one that Escape presses.
+/// The first button and the last one, which Escape presses.
 std::pair<QMessageBox::StandardButton, QMessageBox::StandardButton> ButtonsOf(numeric::BoxButtons buttons)
 {
     switch (buttons) {
@@ -90,7 +90,7 @@ numeric::BoxAnswer AskUser(const numeric::Box& box)
     const auto [first, last] = ButtonsOf(box.Buttons);
     QMessageBox window(IconOf(box.Icon), QString::fromStdString(box.Title), TextOf(box), first | last, parent);
     window.setTextFormat(Qt::PlainText);
-    window.setDefaultButton(first);
+    window.setDefaultButton(box.LastIsDefault ? last : first);
     window.setEscapeButton(last);
     const int pressed = window.exec();
     // Not every screen hands the activation back, and without it no field would have the focus.

@@ -27,8 +27,6 @@ bool SetComputerClock(qint64 sinceEpoch)
     return clock_settime(CLOCK_REALTIME, &time) == 0;
 }
 
-SystemClock::SystemClock(ClockSetter setter) : setter_(std::move(setter)) {}
-
 numeric::Clock::Moment SystemClock::Now()
 {
     const QDateTime now = QDateTime::currentDateTime();
@@ -41,18 +39,6 @@ void SystemClock::ProcessEvents()
     QEventLoop loop;
     QTimer::singleShot(5, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
-}
-
-bool SystemClock::SetLocalTime(double local)
-{
-    const QDateTime wanted(QDate::currentDate(), QtFromDateTime(local).time(), Qt::LocalTime);
-    return setter_(wanted.toMSecsSinceEpoch());
-}
-
-bool SystemClock::SetLocalDate(double local)
-{
-    const QDateTime wanted(QtFromDateTime(local).date(), QTime::currentTime(), Qt::LocalTime);
-    return setter_(wanted.toMSecsSinceEpoch());
 }
 
 double DateTimeFromQt(const QDateTime& dateTime)

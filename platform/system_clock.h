@@ -21,25 +21,10 @@ bool SetComputerClock(qint64 sinceEpoch);
 class SystemClock : public numeric::Clock
 {
 public:
-    /// @param setter  what SetLocalTime and SetLocalDate hand the new instant to
-    explicit SystemClock(ClockSetter setter = SetComputerClock);
-
     Moment Now() override;
 
     /// Runs the event loop for some 5 milliseconds.
     void ProcessEvents() override;
-
-    /// Sets the time of day, in local time, and leaves the local date.
-    /// @param local  a date-time whose date has no effect; rounded to the millisecond
-    /// @return false where the system refused
-    bool SetLocalTime(double local);
-
-    /// Sets the date, in local time, and leaves the local time of day.
-    /// @param local  a date-time whose time of day has no effect
-    bool SetLocalDate(double local);
-
-private:
-    ClockSetter setter_;
 };
 
 /// A date-time, days since 30 December 1899, of an instant or a local time without its zone, and back.

@@ -64,7 +64,6 @@ TEST_F(FrmWorkingTest, FirstStartTakesMostOfTheScreen)
     EXPECT_EQ(Off(), InputMenus);
     EXPECT_EQ(Window->Tables().VersionText, "1.20");
     EXPECT_EQ(Find<QWidget>("bthRLGC").toolTip(), "RL, GC & ETA calculation");
-    EXPECT_FALSE(Find<QWidget>("picAzimuth").isEnabled());
     EXPECT_TRUE(Find<platform::RichTextBox>("rtfNumDisp").toPlainText().contains(QChar(0xA7)));
     EXPECT_FALSE(Find<platform::RichTextBox>("rtfCalcWP").isVisible());
     EXPECT_EQ(sailing::ActiveEllipsoidIndex(), sailing::DefaultEllipsoidIndex);

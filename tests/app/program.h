@@ -88,14 +88,12 @@ protected:
         return names.join(' ');
     }
 
-    /// The menu entries that are off, but for those whose commands the program doesn't have yet.
+    /// The menu entries that are off.
     QString Off()
     {
         QStringList names;
         for (const QAction* action : Window->findChildren<QAction*>())
             if (action->objectName().startsWith("mnu") && !action->isEnabled()) names += action->objectName().mid(3);
-        for (const char* name : {"AziGo", "StarFixWizardStart"})
-            names.removeOne(name);
         return Sorted(names.join(' '));
     }
 

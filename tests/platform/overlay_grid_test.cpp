@@ -164,7 +164,7 @@ TEST_F(OverlayGridTest, ClosingLeavesTheFocusInTheGridAndTheCellInPlace)
 
 TEST_F(OverlayGridTest, APauseInTheCommitDoesNotCloseWhatWasOpenedMeanwhile)
 {
-    SystemClock clock([](qint64) { return false; });
+    SystemClock clock;
     const numeric::ScopedClock inForce(clock);
     grid.OnFocus = [this] {
         QWidget* editor = grid.Editor();

@@ -19,7 +19,7 @@ protected:
         qputenv("TZ", zone);
         tzset();
     }
-    SystemClock clock{[](qint64) { return false; }};
+    SystemClock clock;
 };
 
 TEST_F(SystemClockTest, TellsUtcAndLocalTimeOfOneInstant)
@@ -56,20 +56,6 @@ TEST_F(SystemClockTest, DateTimesGoToQtAndBack)
               QTime(2, 30));
 }
 
-TEST_F(SystemClockTest, SetsTimeOfDayAndDateEachAlone)
-{
-    QDateTime set;
-    SystemClock setting([&](qint64 sinceEpoch) { return set = QDateTime::fromMSecsSinceEpoch(sinceEpoch), true; });
-    EXPECT_TRUE(setting.SetLocalTime(38128.75));
-    EXPECT_EQ(set.time(), QTime(18, 0));
-    EXPECT_LE(std::abs(set.date().daysTo(QDate::currentDate())), 1);
-    EXPECT_TRUE(setting.SetLocalDate(38128.99));
-    EXPECT_EQ(set.date(), QDate(2004, 5, 21));
-    const int apart = std::abs(set.time().secsTo(QTime::currentTime()));
-    EXPECT_TRUE(apart <= 5 || apart >= 86395) << set.toString().toStdString();
-    EXPECT_FALSE(clock.SetLocalTime(38128.75));
-}
-
 TEST_F(SystemClockTest, StandardBiasStaysThroughTheYear)
 {
     const std::pair<const char*, int> cases[] = {{"Europe/Berlin", -60},    {"Europe/Dublin", 0},
@@ -82,10 +68,30 @@ TEST_F(SystemClockTest, StandardBiasStaysThroughTheYear)
         }
 }
 
-TEST_F(SystemClockTest, DaylightTimeShowsInTheOffsetAlone)
+TEST_F(SystemClockTest, DaylightTimeShowsInTheOffsetOnBothSidesOfAChange)
 {
-    const test::FakeClock daylight(38128.5, 6.5 / 24.0);
-    EXPECT_TRUE(IsDaylightTime());
+    struct Change {
+        const char* Zone;
+        QDateTime At; ///< UTC, the last second before the clocks change
+        bool Before;  ///< daylight time until then
+    };
+    const auto utc = [](int year, int month, int day, int hour, int minute = 59) {
+        return QDateTime(QDate(year, month, day), QTime(hour, minute, 59), Qt::UTC);
+    };
+    const Change changes[] = {
+        {"Europe/Berlin", utc(2026, 3, 29, 0), false},           {"Europe/Berlin", utc(2026, 10, 25, 0), true},
+        {"America/New_York", utc(2026, 3, 8, 6), false},         {"America/New_York", utc(2026, 11, 1, 5), true},
+        {"Australia/Lord_Howe", utc(2026, 4, 4, 14), true}, // half an hour of daylight time
+        {"Australia/Lord_Howe", utc(2026, 10, 3, 15, 29), false}};
+    for (const Change& change : changes) {
+        SetZone(change.Zone);
+        for (const int seconds : {0, 1}) {
+            const QDateTime at = change.At.addSecs(seconds);
+            const test::FakeClock clockThen(DateTimeFromQt(at), at.toLocalTime().offsetFromUtc() / 86400.0);
+            EXPECT_EQ(IsDaylightTime(), change.Before == (seconds == 0))
+                << change.Zone << ' ' << at.toString().toStdString();
+        }
+    }
 }
 
 } // namespace merov::platform

@@ -1,6 +1,7 @@
 #include "platform/tab_strip.h"
 #include "support/qt_text.h"
 
+#include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
 
