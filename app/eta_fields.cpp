@@ -1,4 +1,5 @@
 #include "app/eta_fields.h"
+#include "app/mirrored_edit.h"
 
 #include "app/entry_frame.h"
 #include "app/sailing_fields.h"
@@ -77,7 +78,7 @@ QWidget* EtaFields::MakeEraser(EtaField field, const char* toolTip)
 {
     const QString name = QStringLiteral("cmdErase(%1)").arg(FirstEraser + static_cast<int>(field));
     platform::PictureButton* button =
-        SailingFieldsView::MakeButton(name, "erase_field", toolTip, true, [this, field] { Erase(field); });
+        MakePictureButton(name, "erase_field", toolTip, true, [this, field] { Erase(field); });
     button->setIconSize(QSize(EraserPicture, EraserPicture));
     button->setAutoRaise(true);
     return button;

@@ -1,4 +1,5 @@
 #include "app/eta_page.h"
+#include "app/mirrored_edit.h"
 
 #include "app/entry_frame.h"
 #include "app/eta_fields.h"
@@ -201,9 +202,9 @@ QBoxLayout* EtaPage::MakeFoot(QWidget* wayButtons)
     compute->setObjectName(QStringLiteral("cmdCompute(2)"));
     compute->setToolTip(QStringLiteral("Compute ETA"));
     connect(compute, &QPushButton::clicked, this, [this] { Compute(); });
-    PictureButton* erase = SailingFieldsView::MakeButton(QStringLiteral("cmdErase(14)"), "erase", EraseAllTip, true,
-                                                         [this] { Erase(EraseAll); });
-    print_ = SailingFieldsView::MakeButton(QStringLiteral("cmdAskPrint(1)"), "print", "Print results", false, [this] {
+    PictureButton* erase =
+        MakePictureButton(QStringLiteral("cmdErase(14)"), "erase", EraseAllTip, true, [this] { Erase(EraseAll); });
+    print_ = MakePictureButton(QStringLiteral("cmdAskPrint(1)"), "print", "Print results", false, [this] {
         if (OnPrint) OnPrint();
     });
     print_->setEnabled(false);

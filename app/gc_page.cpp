@@ -1,4 +1,5 @@
 #include "app/gc_page.h"
+#include "app/mirrored_edit.h"
 
 #include "app/ellipsoid_frame.h"
 #include "app/entry_frame.h"
@@ -119,12 +120,12 @@ QWidget* GcPage::MakeFoot(QWidget* wayButtons)
     compute->setObjectName(QStringLiteral("cmdCompute(1)"));
     compute->setToolTip(QStringLiteral("Compute GC"));
     connect(compute, &QPushButton::clicked, this, [this] { Compute(); });
-    auto* erase = SailingFieldsView::MakeButton(QStringLiteral("cmdErase(7)"), "erase", EraseAllTip, true, [this] {
+    auto* erase = MakePictureButton(QStringLiteral("cmdErase(7)"), "erase", EraseAllTip, true, [this] {
         entry_.EraseGreatCircle();
         fields_.Show();
         HideResults();
     });
-    print_ = SailingFieldsView::MakeButton(QStringLiteral("cmdAskPrint(0)"), "print", "Print results", false, [this] {
+    print_ = MakePictureButton(QStringLiteral("cmdAskPrint(0)"), "print", "Print results", false, [this] {
         if (OnPrint) OnPrint();
     });
 

@@ -1,4 +1,5 @@
 #include "app/rl_page.h"
+#include "app/mirrored_edit.h"
 
 #include "app/ellipsoid_frame.h"
 #include "app/entry_frame.h"
@@ -113,9 +114,9 @@ QWidget* RlPage::MakeFoot(QWidget* wayButtons)
     keepsPlace.setRetainSizeWhenHidden(true);
     stop->setSizePolicy(keepsPlace);
     fields_.AddView([this, stop] { stop->setVisible(entry_.CannotCompute()); });
-    auto* shift = SailingFieldsView::MakeButton(QStringLiteral("cmdShift"), "shift", "Invert departure - arrival",
-                                                false, [this] { Shift(); });
-    auto* erase = SailingFieldsView::MakeButton(QStringLiteral("cmdErase(6)"), "erase", EraseAllTip, true, [this] {
+    auto* shift = MakePictureButton(QStringLiteral("cmdShift"), "shift", "Invert departure - arrival", false,
+                                    [this] { Shift(); });
+    auto* erase = MakePictureButton(QStringLiteral("cmdErase(6)"), "erase", EraseAllTip, true, [this] {
         entry_.EraseRhumbLine();
         fields_.Show();
     });

@@ -31,13 +31,6 @@ public:
     /// @param index  of cmdErase
     platform::PictureButton* MakeEraser(fix::SailingField field, int index, const char* toolTip);
 
-    /// Makes a button of a page, see MakePictureButton.
-    static platform::PictureButton* MakeButton(const QString& name, const char* picture, const char* toolTip,
-                                               bool erases, std::function<void()> command)
-    {
-        return MakePictureButton(name, picture, toolTip, erases, std::move(command));
-    }
-
     platform::MaskedEdit& Edit(fix::SailingField field) { return *edits_[static_cast<std::size_t>(field)]; }
 
     /// Gives all fields their masks, with the decimal separator in force, and shows them erased.

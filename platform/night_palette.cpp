@@ -58,8 +58,8 @@ void TurnToNight(QImage& picture)
             const int red = qRed(line[x]);
             const int green = qGreen(line[x]);
             const int blue = qBlue(line[x]);
-            // Half of it the strongest colour, so that the grounds of entries stay dark below their texts.
-            const int light = (std::max({red, green, blue}) + (128 * red + 90 * green + 38 * blue) / 256) / 2;
+            // A little of the strongest colour, so that coloured grounds stay darker than texts on them.
+            const int light = (std::max({red, green, blue}) + 4 * qGray(red, green, blue)) / 5;
             line[x] = qRgb((255 - light) * Brightest / 255, 0, 0);
         }
     }

@@ -9,12 +9,15 @@
 #include "platform/application.h"
 #include "platform/masked_edit.h"
 #include "platform/message_boxes.h"
+#include "platform/night_palette.h"
 #include "support/fake_clock.h"
 #include "support/fake_printers.h"
 #include "support/map_settings.h"
 #include "support/scripted_dialogs.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QPainter>
 #include <QScreen>
 #include <QTableWidget>
@@ -40,7 +43,7 @@ const QString RunDir = QStringLiteral(MEROV_RUN_DIR);
 void DrawWindow(QPainter& painter, QWidget& window)
 {
     const QRect place(window.pos(), window.size());
-    const bool framed = window.isModal() && !(window.windowFlags() & Qt::FramelessWindowHint);
+    const bool framed = window.parentWidget() != nullptr && !(window.windowFlags() & Qt::FramelessWindowHint);
     if (framed) {
         constexpr int captionHeight = 26;
         const QRect caption(place.left() - 1, place.top() - captionHeight, place.width() + 2, captionHeight);
@@ -66,8 +69,11 @@ public:
         image.fill(QColor(45, 52, 62));
         QPainter painter(&image);
         QWidgetList windows = QApplication::topLevelWidgets();
+        const auto height = [](const QWidget* window) {
+            return window->isModal() ? 2 : window->parentWidget() != nullptr ? 1 : 0;
+        };
         std::stable_sort(windows.begin(), windows.end(),
-                         [](const QWidget* a, const QWidget* b) { return !a->isModal() && b->isModal(); });
+                         [&](const QWidget* a, const QWidget* b) { return height(a) < height(b); });
         for (QWidget* window : windows)
             if (window->isVisible()) DrawWindow(painter, *window);
         painter.end();
@@ -119,9 +125,36 @@ public:
             Results(sample);
         ResultForms();
         Dialogs();
+        Azimuth();
+        Wizard();
+        Night();
     }
 
 private:
+    /// The form of a name that is in view.
+    QWidget& Form(const QString& name)
+    {
+        for (QWidget* form : window_.findChildren<QWidget*>(name))
+            if (form->isVisible()) return *form;
+        throw std::logic_error("no form " + name.toStdString());
+    }
+
+    void Press(const QString& form, const QString& button)
+    {
+        QTest::mouseClick(Form(form).findChild<QWidget*>(button), Qt::LeftButton);
+        QTest::qWait(0);
+    }
+
+    /// Types into a field of a form and leaves it.
+    void TypeInto(const QString& form, const QString& field, const char* keys)
+    {
+        auto& edit = *Form(form).findChild<MaskedEdit*>(field);
+        edit.setFocus();
+        edit.setCursorPosition(0);
+        QTest::keyClicks(&edit, keys);
+        QTest::keyClick(&edit, Qt::Key_Tab);
+    }
+
     template <class Control>
     Control& Find(const QString& name)
     {
@@ -271,7 +304,11 @@ private:
         camera_.Take("preferences_ellipsoid");
         Click("cmdNextTabOptions(0)");
         camera_.Take("preferences_intercepts");
-        Click("cmdEndTabOptions(1)");
+        Click("cmdNextTabOptions(1)");
+        camera_.Take("preferences_time");
+        camera_.TakeModal("preferences_time_refused", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        Click("cmdSetSysTime");
+        Click("cmdEndTabOptions(2)");
         const auto close = [](QWidget& form) { form.close(); };
         camera_.TakeModal("about", [](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
         Find<QAction>("mnuHelpAbout").trigger();
@@ -279,6 +316,71 @@ private:
         Find<QAction>("mnuFilePageSetup").trigger();
         camera_.TakeModal("quit", [](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
         Find<QAction>("mnuFileQuit").trigger();
+    }
+
+    /// The compasses checked on the Moon, and the sky at that time.
+    void Azimuth()
+    {
+        const QString form = "frmAzimuth";
+        Click("picAzimuth");
+        Form(form).move(320, 150);
+        camera_.Take("azimuth_empty");
+        Form(form).findChild<QComboBox*>("cboBody")->setCurrentText("MOONLOW");
+        TypeInto(form, "mskLat", "49125N");
+        TypeInto(form, "mskLong", "005123W");
+        TypeInto(form, "mskCourse(0)", "1555");
+        TypeInto(form, "mskCourse(1)", "2410");
+        TypeInto(form, "mskCourse(2)", "2380");
+        TypeInto(form, "mskVariation", "0025");
+        Press(form, "cmdCompute");
+        camera_.Take("azimuth");
+        Press(form, "cmdWhatIsUp");
+        Form("frmStarFixWizard").move(60, 120);
+        Press("frmStarFixWizard", "cmdStarsGraph");
+        Form("frmSkyDome").move(660, 60);
+        camera_.Take("what_is_up");
+        Press(form, "cmdEnd");
+    }
+
+    /// The stars of an evening, from the entries to the table and the sky dome.
+    void Wizard()
+    {
+        const QString form = "frmStarFixWizard";
+        Click("picStarFixWizard");
+        Form(form).move(60, 120);
+        camera_.Take("wizard_step1_empty");
+        TypeInto(form, "mskLat", "49125N");
+        TypeInto(form, "mskLong", "005123W");
+        TypeInto(form, "mskHeightM", "120");
+        camera_.Take("wizard_step1");
+        Press(form, "cmdNav(3)");
+        Form(form).findChild<QAbstractButton*>("optTime(1)")->click();
+        camera_.Take("wizard_step2");
+        Press(form, "cmdNav(3)");
+        camera_.Take("wizard_step3");
+        Press(form, "cmdNav(3)");
+        camera_.Take("wizard_step4");
+        Press(form, "cmdStarsGraph");
+        Form("frmSkyDome").move(660, 60);
+        camera_.Take("sky_dome");
+        Press(form, "cmdNav(4)");
+    }
+
+    /// Some of it in the colours of the night.
+    void Night()
+    {
+        platform::NightPalette night(*qApp);
+        night.SetNight(true);
+        camera_.Take("night_main");
+        dialogs_.Answers = {RunDir + "/Observations/evening_stars.obs"};
+        Find<QAction>("mnuAstroLoad").trigger();
+        camera_.Take("night_input");
+        Click("bthNumRes");
+        camera_.Take("night_report");
+        Click("bthBackStarFix1");
+        Click("bthGraphRes");
+        camera_.Take("night_chart");
+        Click("bthBackStarFix2");
     }
 
     Photographer& camera_;
