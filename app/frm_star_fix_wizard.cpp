@@ -45,6 +45,7 @@ FrmStarFixWizard::FrmStarFixWizard(QWidget* parent)
       steps_(new QStackedWidget), sky_(new FrmSkyDome(this))
 {
     setObjectName(QStringLiteral("frmStarFixWizard"));
+    MayLieBehind(); // F5 sends it there
     list_->OnMark = [this] { ShowSky(false); };
     table_->OnShown = [this] { ShowSky(false); };
     LayOut();

@@ -2,6 +2,7 @@
 
 #include "app/frm_working.h"
 #include "app/pictures.h"
+#include "app/program_options.h"
 #include "ephemeris/astro_lib.h"
 #include "numeric/clock.h"
 #include "numeric/message_box.h"
@@ -19,6 +20,7 @@
 int main(int argc, char** argv)
 {
     using namespace merov;
+    if (const auto answered = app::AnswerProgramOption(argc, argv)) return *answered;
     platform::Application application(argc, argv);
     QCoreApplication::setApplicationName("Merov");
     QCoreApplication::setApplicationVersion(MEROV_VERSION);

@@ -58,7 +58,9 @@ QString Ending(const QString& file)
 std::optional<QString> WriteBytes(const QString& file, const QByteArray& bytes)
 {
     QSaveFile target(file);
-    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit()) return {};
+    // The commit writes what is still buffered and doesn't tell when that fails.
+    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush() && target.commit())
+        return {};
     return "The file " + file + " could not be written: " + target.errorString();
 }
 

@@ -17,9 +17,10 @@ ModelessForm::ModelessForm(const QString& caption, QWidget* parent) : QDialog(pa
 void ModelessForm::ShowForward()
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
-    // A window that belongs to another one always lies over it; this one may lie behind.
-    if (!testAttribute(Qt::WA_WState_Created)) create();
-    windowHandle()->setTransientParent(nullptr);
+    if (mayLieBehind_) { // which no window does that belongs to another
+        if (!testAttribute(Qt::WA_WState_Created)) create();
+        windowHandle()->setTransientParent(nullptr);
+    }
     show();
     raise();
     activateWindow();

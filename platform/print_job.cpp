@@ -76,8 +76,8 @@ void PrintJob::EndDoc()
     const QByteArray pdf = pages.open(QIODevice::ReadOnly) ? pages.readAll() : QByteArray();
     if (!pdf.trimmed().endsWith("%%EOF"))
         Fail(QStringLiteral("There is no room for the pages in %1.").arg(folder_.path()));
-    file_->write(pdf);
-    if (!file_->commit()) FailToWrite(*file_);
+    // The commit writes what is still buffered and doesn't tell when that fails.
+    if (file_->write(pdf) != pdf.size() || !file_->flush() || !file_->commit()) FailToWrite(*file_);
 }
 
 } // namespace merov::platform

@@ -4,11 +4,10 @@
 
 #include "ephemeris/astro_lib.h"
 #include "ephemeris/time_lib.h"
-#include "fix/nautical_lib.h"
 #include "fix/observation_file.h"
 #include "numeric/inout_lib.h"
-#include "sailing/ellipsoid.h"
 #include "tools/sample_voyages.h"
+#include "tools/sight_making.h"
 
 #include <cmath>
 #include <cstdio>
@@ -65,18 +64,6 @@ fix::SightSession Entered(const PublishedSet& set)
     return s;
 }
 
-/// Sets the altitudes that show each body where it stands: all corrections undone by trial.
-void UndoCorrections(fix::SightSession& s)
-{
-    for (int trial = 0; trial < 50; ++trial) {
-        fix::CorrectAltitudes(s.ObsCount, s.HeightOfEye, s.AirTemp, s.WaterTemp, s.Pressure, s.ObsLat, s.ObsLong,
-                              s.ObsBody, s.ObsAltitude, s.ObsInstCorr, s.ObsDist, s.ObsDec, s.ObsGHA, s.ObsHo, s.ObsHc,
-                              s.ObsIntercept);
-        for (int i = 1; i <= s.ObsCount; ++i)
-            s.ObsAltitude[i] -= s.ObsIntercept[i];
-    }
-}
-
 /// The sights as the sextant shows them from where the ship then is, to a tenth of a minute: with the
 /// error that nobody knows of and with the slip of the reading.
 fix::SightSession Taken(const Voyage& voyage)
@@ -87,20 +74,10 @@ fix::SightSession Taken(const Voyage& voyage)
     s.ObsLong[0] = voyage.At.Longitude;
     int i = 0;
     for (const MadeSight& sight : voyage.Sights) {
-        ephemeris::BodyPosition body;
         s.ObsTime[++i] = TimeOf(sight.Time);
         s.ObsBody[i] = sight.Body;
-        ephemeris::ComputeBodyPosition(sight.Body, s.ObsTime[i], body);
-        s.ObsGHA[i] = body.GHA;
-        s.ObsDec[i] = body.Declination;
-        s.ObsDist[i] = body.Distance;
-        s.ObsAltitude[i] = 45.0; // where the trials start
     }
-    numeric::Vector approxLat(1, s.ObsCount);
-    const sailing::EarthModel earth = sailing::EllipsoidAt(sailing::DefaultEllipsoidIndex);
-    fix::RunPositions(s.ObsCount, voyage.Course, voyage.Speed, s.ObsTime, s.ObsLat, s.ObsLong, approxLat,
-                      earth.InverseFlattening, earth.SemiMajorAxisNm);
-    UndoCorrections(s);
+    TakeAltitudes(s, voyage.Course, voyage.Speed);
     for (i = 1; i <= s.ObsCount; ++i) {
         const double slip = voyage.Sights[static_cast<std::size_t>(i - 1)].Slip;
         const double minutes = s.ObsAltitude[i] * MinutesPerDegree + voyage.SystErr + slip;

@@ -2,17 +2,15 @@
 
 #include "ephemeris/time_lib.h"
 #include "fix/file_access.h"
+#include "numeric/inout_lib.h"
 #include "support/box_recorder.h"
 #include "support/fake_clock.h"
-#include "support/observation_round_trip.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -246,21 +244,6 @@ TEST_F(ObservationFile, WhatIsNoPlainFileIsWrittenDirectly)
     EXPECT_TRUE(fs::is_fifo(target));
 }
 
-TEST_F(ObservationFile, FailedWriteLeavesTheOldFileAlone)
-{
-    Write("old", "out.obs");
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{100, limit.rlim_max};
-    const auto former = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small); // the disk is full after 100 bytes
-    EXPECT_EQ(ReplaceFile(target, TwoSights), EFBIG);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, former);
-    EXPECT_EQ(ReadBytes(target), "old");
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1) << "out.obs alone";
-}
-
 TEST_F(ObservationFile, ConversionReplacesContentKeepsLinkAndModeAndNeedsACompleteSession)
 {
     Write(std::string(10000, 'x'), "out.obs");
@@ -290,17 +273,6 @@ TEST_F(ObservationFile, ProposedNames)
         names += ProposeFileName(38128.75, [&](const std::string&) { return ++asked <= taken; }) + " ";
     }
     EXPECT_EQ(names, "21May04A.obs 21May04B.obs 21May04AA.obs 21May04BA.obs 21May04ZZ.obs ");
-}
-
-TEST(ObservationFileReplay, SeedsAndFindsOfTheFuzzerHold)
-{
-    int files = 0;
-    for (const char* folder : {"/fuzz/corpus/observation_file", "/tests/fix/data/fuzz"})
-        for (const auto& file : fs::directory_iterator(MEROV_SOURCE_DIR + std::string(folder))) {
-            EXPECT_EQ(test::CheckRoundTrip(ReadBytes(file.path())), "") << file.path();
-            ++files;
-        }
-    EXPECT_GE(files, 18);
 }
 
 } // namespace merov::fix::tests
