@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <random>
 #include <vector>
 
@@ -66,6 +67,7 @@ struct Draw {
 struct Worst {
     double Distance = 0.0; // in the distance or, of the direct problem, in the place
     double Beside = 0.0;   // in the course or place that goes with it
+    double Squares = 0.0;  // of Distance, summed
     int Lines = 0;
 };
 
@@ -92,8 +94,13 @@ Worst WorstOf(Courses courses, double length, Solve&& solve)
         solve(earth, line, distance, beside);
         worst.Distance = std::max(worst.Distance, std::fabs(distance));
         worst.Beside = std::max(worst.Beside, std::fabs(beside));
+        worst.Squares += distance * distance;
         ++worst.Lines;
     }
+    constexpr const char* Names[] = {"oblique", "near east and west", "beside that"};
+    std::printf("%-12s %5.0f miles, %-18s  rms %8.2g  max %8.2g | beside: max %8.2g\n",
+                testing::UnitTest::GetInstance()->current_test_info()->name(), length, Names[static_cast<int>(courses)],
+                std::sqrt(worst.Squares / worst.Lines), worst.Distance, worst.Beside);
     return worst;
 }
 
