@@ -64,7 +64,8 @@ TEST(SkyDome, NamesStayApartAndWithinThePicture)
             if (!body.Name.isEmpty()) boxes.push_back(body.Name);
             for (const DomeBody& other : dome.Bodies)
                 EXPECT_FALSE(body.Name.contains(other.Place)) << "a name on a body";
-            if (size.width() > 400.0 && crowd[body.Index].Picked) EXPECT_FALSE(body.Name.isEmpty()) << body.Index;
+            const bool mustHaveRoom = size.width() > 400.0 && crowd[body.Index].Picked;
+            EXPECT_TRUE(!mustHaveRoom || !body.Name.isEmpty()) << body.Index;
         }
         EXPECT_LT(unnamed, size.width() < 400 ? 55u : 30u) << size.width();
         for (std::size_t i = 0; i < boxes.size(); ++i) {
