@@ -234,7 +234,7 @@ void FrmStarFixWizard::CaptureTime()
 bool FrmStarFixWizard::event(QEvent* event)
 {
     const bool result = ModelessForm::event(event);
-    if (event->type() == QEvent::WindowUnblocked) table_->ServeTick();
+    if (event->type() == QEvent::WindowUnblocked) table_->Unblock();
     return result;
 }
 

@@ -51,6 +51,7 @@ void WizardGrid::ShowAnew(std::vector<StarRow> rows)
 {
     const RedrawOff redrawOff(*this);
     movedColumns_ = false;
+    ForgetDrag();
     SetSize(static_cast<int>(rows.size()) + 1, StarColumnCount);
     for (int column = 0; column < StarColumnCount; ++column) {
         SetText(0, column, Utf8(planning::StarHeaders[static_cast<std::size_t>(column)]));

@@ -26,6 +26,9 @@ public:
     /// True while a column is being dragged.
     bool IsDragging() const { return draggedColumn_ >= 0; }
 
+    /// Gives up a drag whose end nobody tells: what has come between takes the release of the button.
+    void ForgetDrag() { draggedColumn_ = -1; }
+
     std::function<void()> OnDropped; ///< a drag has ended
 
 protected:

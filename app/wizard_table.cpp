@@ -133,10 +133,12 @@ void WizardTable::ShowTimer(bool runs, const char* timeTip)
     if (timeTip != nullptr) time_->setToolTip(QString::fromLatin1(timeTip));
 }
 
-/// Shows the present moment. After an error there are no more ticks, which would bring its box time and again.
+/// Shows the present moment, once nothing is half done. After an error there are no more ticks, which would bring its
+/// box time and again.
 void WizardTable::Tick()
 {
-    if (ticking_ || QApplication::activeModalWidget() != nullptr || grid_->IsDragging()) {
+    const bool halfTyped = !time_->hasAcceptableInput();
+    if (ticking_ || halfTyped || QApplication::activeModalWidget() != nullptr || grid_->IsDragging()) {
         tickWaits_ = true;
         return;
     }
@@ -154,6 +156,13 @@ void WizardTable::Tick()
             this, [this] { ServeTick(); }, Qt::QueuedConnection);
 }
 
+void WizardTable::Unblock()
+{
+    grid_->ForgetDrag();
+    ServeTick();
+}
+
+/// Serves a tick that had to wait while a modal window was open or a column was dragged.
 void WizardTable::ServeTick()
 {
     if (ticking_ || !std::exchange(tickWaits_, false)) return;

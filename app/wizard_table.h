@@ -40,8 +40,8 @@ public:
     /// Stops the display of the present time.
     void StopTimer() { ShowTimer(false); }
 
-    /// Serves a tick that had to wait while a modal window was open or a column was dragged.
-    void ServeTick();
+    /// A modal window has closed, which may have come amid a drag: serves a tick that had to wait.
+    void Unblock();
 
     /// Gives the table the focus.
     void TakeFocus();
@@ -57,6 +57,7 @@ private:
     void ToggleTimer();
     void ShowTimer(bool runs, const char* timeTip = nullptr);
     void Tick();
+    void ServeTick();
     void TypedTime();
     void UpdateTable(double instant);
 

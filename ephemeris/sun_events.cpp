@@ -78,6 +78,23 @@ double SunFunctions::SysEq(const numeric::Vector&, int)
     return 0.0;
 }
 
+namespace
+{
+
+/// Takes out moments of other nights: where the Sun comes close to an altitude and doesn't reach it, the search
+/// may end days or years away.
+void KeepMomentsOfDay(SunEventTimes& events)
+{
+    constexpr std::size_t Passage = 4;
+    constexpr double HalfDay = 0.52; // from the passage to midnight, and some minutes
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        const double apart = i < Passage ? events[Passage] - events[i] : events[i] - events[Passage];
+        if (apart < 0.0 || apart > HalfDay) events[i] = 0.0;
+    }
+}
+
+} // namespace
+
 bool ComputeSunEvents(double latitude, double longitude, double date, double heightOfEye, SunEventTimes& events)
 {
     const double day = std::floor(date);
@@ -102,6 +119,7 @@ bool ComputeSunEvents(double latitude, double longitude, double date, double hei
         events[pair.Morning] = FindInstant(functions, events[4] - halfArc, AltitudeFunction);
         events[pair.Evening] = FindInstant(functions, events[4] + halfArc, AltitudeFunction);
     }
+    KeepMomentsOfDay(events);
     return true;
 }
 

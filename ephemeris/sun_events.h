@@ -43,7 +43,7 @@ public:
 /// @param heightOfEye          metres, 0 or more
 /// @param events               out; untouched when the Sun neither rises nor sets
 /// @return false when the Sun neither rises nor sets that day
-/// Moments that the Sun does not reach bring the boxes of ArcCos and FindRoot and what these return.
+/// Moments that the Sun does not reach are 0, with the boxes of ArcCos and FindRoot where these tell of it.
 bool ComputeSunEvents(double latitude, double longitude, double date, double heightOfEye, SunEventTimes& events);
 
 } // namespace merov::ephemeris

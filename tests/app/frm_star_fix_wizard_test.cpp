@@ -264,6 +264,12 @@ TEST_F(StarFixWizard, FollowsTheClockUntilATimeIsTyped)
     Click("bthStartTimer");
     const QStringList live = TableLines();
     Find("dtpRealTime").setFocus();
+    Find<platform::TimePicker>("dtpRealTime").setSelectedSection(QDateTimeEdit::YearSection);
+    QTest::keyClicks(&Find("dtpRealTime"), "200");
+    Tick();
+    EXPECT_EQ(Time(), "21 Jun 200 20:31:00") << "half typed";
+    QTest::keyClicks(&Find("dtpRealTime"), "4");
+    Find<platform::TimePicker>("dtpRealTime").setSelectedSection(QDateTimeEdit::DaySection);
     QTest::keyClick(&Find("dtpRealTime"), Qt::Key_Up); // the next day
     EXPECT_EQ(Time(), "22 Jun 2004 20:31:00");
     EXPECT_NE(TableLines(), live);
@@ -295,6 +301,14 @@ TEST_F(StarFixWizard, ServesATickAfterABoxOrADragAndNoneAfterAnError)
     WhileDragged = tickLater;
     Drag(3, 1, 0.5);
     EXPECT_EQ(Time(), "21 Jun 2004 12:00:30");
+    WhileDragged = [&] { // a box that takes the release of the button
+        box.show();
+        tickLater();
+        box.close();
+        QTest::qWait(0);
+        EXPECT_EQ(Time(), "21 Jun 2004 12:00:45");
+    };
+    Drag(3, 1, 0.5);
 
     Clock.Advance(1e12);
     Tick();

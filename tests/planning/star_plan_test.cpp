@@ -86,7 +86,13 @@ TEST_F(Planning, WhiteNightsHaveNoMorning)
     ExpectRefused(3, "No rise/set times|On this day the Sun doesn't reach the altitude at which these observations "
                      "start.|Please choose the other time, or another date.");
     plan.Morning = false;
-    EXPECT_TRUE(plan.GoToStep(3));
+    EXPECT_TRUE(plan.GoToStep(3) && plan.GoToStep(2) && plan.GoToStep(1));
+    // The Sun stands -8.5 degrees high at midnight: the search goes on to March.
+    plan.Place.Lat = 65;
+    plan.Date = ephemeris::JoinDateTime({2004, 8, 7});
+    ASSERT_TRUE(plan.GoToStep(2));
+    EXPECT_EQ(plan.EventText(0) + plan.EventText(1), "-7 Aug 2004 02:48");
+    boxes.TakeAll();
 }
 
 TEST_F(Planning, WhatIsUpShowsTheWholeSkyFromTenMetres)
