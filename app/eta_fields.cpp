@@ -6,6 +6,8 @@
 #include "platform/masked_edit.h"
 #include "platform/spin_button.h"
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QToolButton>
@@ -24,6 +26,8 @@ constexpr int DistanceFigures = 9;
 constexpr int SpeedFigures = 5;
 
 constexpr int EraserPicture = 16; // pixels
+constexpr int LeastEntryHeight = 26;
+constexpr int AroundText = 8;
 
 constexpr std::array<EtaField, sailing::EtaFieldCount> AllFields = {EtaField::Distance, EtaField::MinSpeed,
                                                                     EtaField::MaxSpeed, EtaField::Interval};
@@ -38,6 +42,11 @@ int InsertionPoint(const QString& text)
 
 } // namespace
 
+int EtaFields::EntryHeight()
+{
+    return std::max(LeastEntryHeight, QFontMetrics(QApplication::font()).height() + AroundText);
+}
+
 EtaFields::EtaFields(sailing::EtaEntries& entries, QObject* parent) : QObject(parent), entries_(entries) {}
 
 platform::MaskedEdit* EtaFields::MakeEdit(EtaField field, const char* toolTip)
@@ -47,7 +56,7 @@ platform::MaskedEdit* EtaFields::MakeEdit(EtaField field, const char* toolTip)
     const std::string_view name = sailing::ControlName(field);
     edit->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     edit->setToolTip(QString::fromUtf8(toolTip));
-    edit->setFixedSize(FieldWidth(*edit, field == EtaField::Distance ? DistanceFigures : SpeedFigures), EntryHeight);
+    edit->setFixedSize(FieldWidth(*edit, field == EtaField::Distance ? DistanceFigures : SpeedFigures), EntryHeight());
     edit->OnEnter = [edit] { edit->setCursorPosition(InsertionPoint(edit->Text())); };
     edit->OnLeave = [this, field] { return Leave(field); };
     connect(edit, &QLineEdit::textChanged, this,
@@ -59,7 +68,7 @@ QWidget* EtaFields::MakeSpin(EtaField field, const char* name)
 {
     auto* spin = new platform::SpinButton;
     spin->setObjectName(QString::fromUtf8(name));
-    spin->setFixedHeight(EntryHeight);
+    spin->setFixedHeight(EntryHeight());
     const auto step = [this, field, spin](bool up) {
         if (stepping_) return; // an arrow that is held down repeats, also under its box
         const QScopedValueRollback<bool> stepping(stepping_, true);

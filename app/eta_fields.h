@@ -22,7 +22,9 @@ class EtaFields : public QObject
 {
 public:
     static constexpr int FirstEraser = 15; ///< cmdErase of the first field
-    static constexpr int EntryHeight = 26; ///< pixels; fields of other kinds beside them have the same
+
+    /// Height of an entry, pixels, which grows with a large font; fields of other kinds beside them have it too.
+    static int EntryHeight();
 
     /// @param entries  must outlive this object
     explicit EtaFields(sailing::EtaEntries& entries, QObject* parent = nullptr);

@@ -72,7 +72,7 @@ QGridLayout* MakeGrid()
 void AddRow(QGridLayout& grid, QLabel* label, std::initializer_list<QWidget*> controls)
 {
     const int row = grid.rowCount();
-    grid.setRowMinimumHeight(row, EtaFields::EntryHeight);
+    grid.setRowMinimumHeight(row, EtaFields::EntryHeight());
     grid.addWidget(label, row, 0);
     auto* side = new QHBoxLayout;
     side->setSpacing(EntryFrame::ControlSpacing);
@@ -113,7 +113,7 @@ QGridLayout* EtaPage::MakeEntries()
     departure_ = new platform::TimePicker;
     departure_->setObjectName(QStringLiteral("dtpTime(2)"));
     departure_->setFixedSize(std::max(EtaGrid::LeastTimeWidth(), departure_->sizeHint().width()),
-                             EtaFields::EntryHeight);
+                             EtaFields::EntryHeight());
     QComboBox* departureZone = MakeZones(0);
     QComboBox* arrivalZone = MakeZones(1);
     platform::MaskedEdit* distance =
@@ -132,7 +132,7 @@ QComboBox* EtaPage::MakeZones(std::size_t index)
 {
     auto* zones = new platform::Field<QComboBox>;
     zones->setObjectName(QStringLiteral("cboGMT(%1)").arg(index));
-    zones->setFixedHeight(EtaFields::EntryHeight);
+    zones->setFixedHeight(EtaFields::EntryHeight());
     zones->setMaxVisibleItems(ZonesInView);
     for (const sailing::EtaZone& zone : sailing::EtaZones())
         zones->addItem(QString::fromUtf8(zone.Name.data(), static_cast<qsizetype>(zone.Name.size())), zone.Hundredths);

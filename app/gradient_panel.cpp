@@ -14,7 +14,9 @@ constexpr int DarkBelow = 128; ///< lightness of the window colour
 
 void GradientPanel::paintEvent(QPaintEvent*)
 {
-    const bool dark = palette().color(QPalette::Window).lightness() < DarkBelow;
+    const QColor desktop = palette().color(QPalette::Window);
+    if (desktop == Qt::white) return; // a desktop without shades, and the night
+    const bool dark = desktop.lightness() < DarkBelow;
     QLinearGradient sky(0.0, 0.0, 0.0, height());
     sky.setColorAt(0.0, dark ? QColor(14, 24, 42) : QColor(143, 172, 203));
     sky.setColorAt(0.7, dark ? QColor(30, 46, 70) : QColor(208, 222, 235));

@@ -4,20 +4,43 @@
 #include <QGraphicsEffect>
 #include <QImage>
 #include <QKeyEvent>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPalette>
 #include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
-#include <utility>
+#include <array>
 
 namespace merov::platform
 {
 namespace
 {
 
-constexpr int Brightest = 224; ///< red of what is black by day, of 255
-constexpr int DarkGround = 128;
+constexpr int Brightest = 240; ///< red of what is black by day, of 255
+
+/// The red of each light. It falls off slowly, since on black the eye tells dark tones apart less than by
+/// day pale ones: what is grey by day, an outline or the name of a button that is off, stays in sight.
+constexpr std::array<QRgb, 256> MakeTones()
+{
+    std::array<QRgb, 256> tones{};
+    for (int light = 0; light < 256; ++light)
+        tones[static_cast<std::size_t>(light)] = qRgb((255 * 255 - light * light) * Brightest / (255 * 255), 0, 0);
+    return tones;
+}
+
+constexpr std::array<QRgb, 256> Tones = MakeTones();
+
+/// Colours of which night is made: light ones without a tint, and what is selected in reverse.
+QPalette PaperPalette()
+{
+    QPalette paper = QApplication::style()->standardPalette();
+    paper.setColor(QPalette::Window, Qt::white);
+    paper.setColor(QPalette::Highlight, Qt::black);
+    paper.setColor(QPalette::HighlightedText, Qt::white);
+    return paper;
+}
 
 /// Turns all that its window paints to night.
 class NightEffect : public QGraphicsEffect
@@ -31,15 +54,21 @@ protected:
         QPoint offset;
         const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &offset, QGraphicsEffect::NoPad);
         if (source.isNull()) return;
+        // Only what is to be painted anew, in pixels of the device.
+        const qreal ratio = source.devicePixelRatio();
+        const QRect stale = painter->paintEngine()->systemClip().boundingRect();
+        const QRect all = source.rect();
+        const QRect part = stale.isEmpty() ? all : all & stale.translated(-(QPointF(offset) * ratio).toPoint());
+        if (part.isEmpty()) return;
         // The source lacks the window's own ground.
-        QImage picture(source.size(), QImage::Format_RGB32);
-        picture.setDevicePixelRatio(source.devicePixelRatio());
+        QImage picture(part.size(), QImage::Format_RGB32);
+        picture.setDevicePixelRatio(ratio);
         picture.fill(window_.palette().color(window_.backgroundRole()));
-        QPainter(&picture).drawPixmap(0, 0, source);
+        QPainter(&picture).drawPixmap(QPoint(), source, part);
         TurnToNight(picture);
         const QTransform transform = painter->worldTransform();
         painter->setWorldTransform(QTransform());
-        painter->drawImage(offset, picture);
+        painter->drawImage(QPointF(offset) + QPointF(part.topLeft()) / ratio, picture);
         painter->setWorldTransform(transform);
     }
 
@@ -58,9 +87,9 @@ void TurnToNight(QImage& picture)
             const int red = qRed(line[x]);
             const int green = qGreen(line[x]);
             const int blue = qBlue(line[x]);
-            // A little of the strongest colour, so that coloured grounds stay darker than texts on them.
-            const int light = (std::max({red, green, blue}) + 4 * qGray(red, green, blue)) / 5;
-            line[x] = qRgb((255 - light) * Brightest / 255, 0, 0);
+            // Half of the strongest colour, so that coloured grounds stay darker than texts on them.
+            const int light = (std::max(red, std::max(green, blue)) + qGray(red, green, blue)) / 2;
+            line[x] = Tones[static_cast<std::size_t>(light)];
         }
     }
 }
@@ -79,21 +108,10 @@ void NightPalette::SetNight(bool night)
 {
     if (night == night_) return;
     night_ = night;
-    if (night)
-        TakeLightPalette();
-    else if (daylight_)
-        QApplication::setPalette(*std::exchange(daylight_, std::nullopt));
+    if (night) daylight_ = QApplication::palette();
+    QApplication::setPalette(night ? PaperPalette() : daylight_);
     for (QWidget* window : QApplication::topLevelWidgets())
         Cover(*window);
-}
-
-/// Night is made of a light ground: on a dark desktop the program takes the style's own colours.
-void NightPalette::TakeLightPalette()
-{
-    const QPalette desktop = QApplication::palette();
-    if (desktop.color(QPalette::Window).lightness() >= DarkGround) return;
-    daylight_ = desktop;
-    QApplication::setPalette(QApplication::style()->standardPalette());
 }
 
 void NightPalette::Cover(QWidget& window) const

@@ -3,8 +3,6 @@
 #include <QObject>
 #include <QPalette>
 
-#include <optional>
-
 class QApplication;
 class QImage;
 
@@ -31,11 +29,10 @@ public:
 
 private:
     void Cover(QWidget& window) const;
-    void TakeLightPalette();
 
     QApplication& application_;
     bool night_ = false;
-    std::optional<QPalette> daylight_; ///< the desktop's dark palette, while night needs a light one
+    QPalette daylight_; ///< the desktop's, while night has its own
 };
 
 /// Turns a picture on a light ground into red on black, in place: the lighter a pixel, the darker its red;
