@@ -12,8 +12,8 @@ namespace merov::app
 {
 
 /// Masked fields of an astro fix: makes their controls, runs their rules when the focus comes and goes, and
-/// mirrors what stands in the entries. The input tabs have all of them, other forms some. A text that is typed stands in its entry at once; what
-/// it means is settled when the field is left.
+/// mirrors what stands in the entries. The input tabs have all of them, other forms some. A text that is typed stands
+/// in its entry at once; what it means is settled when the field is left.
 class EntryFieldsView
 {
 public:

@@ -144,6 +144,12 @@ TEST_F(TabOptionsTest, TheClockTicksUntilAFieldTakesTheFocus)
     EXPECT_EQ(The<platform::TimePicker>("dtpTime(3)").Value(), 38128.5);
     EXPECT_TRUE(The<QLabel>("lblDST").isVisible()); // the zone of the tests is UTC
 
+    {
+        const test::FakeClock atStandardTime;
+        Tick();
+        EXPECT_EQ(LocalTime(), SystemTime());
+        EXPECT_FALSE(The<QLabel>("lblDST").isVisible());
+    }
     clock.Advance(2);
     Tick();
     EXPECT_EQ(LocalTime(), "14:00:02");
