@@ -57,8 +57,7 @@ QChar MappedKey(platform::MaskedEdit& edit, EntryField field, int place, QChar k
 
 } // namespace
 
-EntryFieldsView::EntryFieldsView(fix::SightEntry& entry, fix::SightSession& session)
-    : entry_(entry), session_(session)
+EntryFieldsView::EntryFieldsView(fix::SightEntry& entry, fix::SightSession& session) : entry_(entry), session_(session)
 {
 }
 
