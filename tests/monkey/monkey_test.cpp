@@ -106,6 +106,11 @@ protected:
         };
         QTimer::singleShot(0, qApp, tick);
         loop.exec();
+        // What it left open, and what waits for the event loop to be deleted.
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        Window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         std::printf("%d events, seed %d: %.1f s, %d restarts, %d modal windows\n", done_, seed_,
                     static_cast<double>(time.elapsed()) / 1000.0, restarts_, modals_);
     }
