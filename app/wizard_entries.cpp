@@ -18,7 +18,6 @@ namespace
 
 using fix::EntryField;
 using fix::InputFlag;
-using planning::PlanFlag;
 
 // Widths of the fields, by the font's figures.
 constexpr int PositionFigures = 12;

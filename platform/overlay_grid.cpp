@@ -159,9 +159,9 @@ void OverlayGrid::SetColumnsMovable(bool movable)
 
 std::vector<int> OverlayGrid::ColumnsInView() const
 {
-    std::vector<int> columns;
+    std::vector<int> columns(static_cast<std::size_t>(Columns()));
     for (int place = 0; place < Columns(); ++place)
-        columns.push_back(horizontalHeader()->logicalIndex(place));
+        columns[static_cast<std::size_t>(place)] = horizontalHeader()->logicalIndex(place);
     return columns;
 }
 

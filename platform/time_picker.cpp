@@ -66,10 +66,10 @@ QSize TimePicker::sizeHint() const
     return QDateTimeEdit::sizeHint() + QSize(widest - width(First.Month), 0);
 }
 
-/// Without this Tab would walk through day, month, year, hour, minute and second.
+/// QDateTimeEdit's own would walk through day, month, year, hour, minute and second.
 bool TimePicker::focusNextPrevChild(bool next)
 {
-    return QWidget::focusNextPrevChild(next);
+    return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 } // namespace merov::platform

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Static analysis of the whole program by clang-tidy, with the checks of .clang-tidy. Ends with an error on
-# the first finding. Words are parts of file names to look at instead of all: static_analysis.sh planning/
+# any finding. Words are folders or beginnings of paths to look at instead of all: static_analysis.sh planning
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh analysis
@@ -11,7 +11,7 @@ wanted=("$@")
 [ ${#wanted[@]} -gt 0 ] || wanted=(numeric ephemeris sailing fix planning platform output app cli packaging)
 patterns=()
 for word in "${wanted[@]}"; do
-    patterns+=("^$PWD/.*${word%/}[a-z_/.]*")
+    patterns+=("^$PWD/$word")
 done
 if ! run-clang-tidy -quiet -j "$(nproc)" -p build/analysis "${patterns[@]}" >build/analysis/findings.txt 2>&1; then
     grep -E "(error|warning):" -A 3 build/analysis/findings.txt
