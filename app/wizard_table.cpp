@@ -162,7 +162,7 @@ void WizardTable::Unblock()
     ServeTick();
 }
 
-/// Serves a tick that had to wait while a modal window was open or a column was dragged.
+/// Serves a tick that had to wait.
 void WizardTable::ServeTick()
 {
     if (ticking_ || !std::exchange(tickWaits_, false)) return;

@@ -27,7 +27,7 @@ namespace
 
 constexpr int EventsOfARun = 5000;
 constexpr int StuckAfter = 3000;  // events that meet one and the same modal window
-constexpr int RestsBetween = 200; // events between two looks at the whole of the screens
+constexpr int RestsBetween = 200; // events between two pauses in which timers run
 
 int FromEnvironment(const char* name, int usual)
 {
